@@ -1,0 +1,29 @@
+# Warnings, sanitizers and coverage for our own code.
+#
+# House::Flags is linked by every target of ours.
+
+option(TAPE_SANITIZE "Address, undefined-behaviour and leak sanitizers" OFF)
+option(TAPE_COVERAGE "Source-based coverage counters" OFF)
+
+add_library(House_Flags INTERFACE)
+add_library(House::Flags ALIAS House_Flags)
+target_compile_options(House_Flags INTERFACE
+  -Wall -Wextra -Werror -Wshadow -Wnon-virtual-dtor -Wformat=2 -Wno-unused-parameter
+  -Wimplicit-fallthrough -Wextra-semi)
+
+if(TAPE_SANITIZE)
+  # The bundle is loaded into a running program, so both share one runtime library.
+  set(sanitize -fsanitize=address,undefined -fno-sanitize-recover=undefined
+    -fno-omit-frame-pointer)
+  target_compile_options(House_Flags INTERFACE ${sanitize})
+  target_link_options(House_Flags INTERFACE ${sanitize} -shared-libasan)
+  execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libclang_rt.asan-x86_64.so
+    OUTPUT_VARIABLE ASAN_RUNTIME OUTPUT_STRIP_TRAILING_WHITESPACE)
+  get_filename_component(ASAN_RUNTIME_FOLDER ${ASAN_RUNTIME} DIRECTORY)
+  set(CMAKE_BUILD_RPATH ${ASAN_RUNTIME_FOLDER})
+endif()
+
+if(TAPE_COVERAGE)
+  target_compile_options(House_Flags INTERFACE -fprofile-instr-generate -fcoverage-mapping)
+  target_link_options(House_Flags INTERFACE -fprofile-instr-generate -fcoverage-mapping)
+endif()
