@@ -1,0 +1,4 @@
+#import "pagesettings/PDEChoiceMatrix.h"
+
+@implementation PDEChoiceMatrix13_v100_
+@end
