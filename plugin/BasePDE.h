@@ -99,7 +99,7 @@
 // Has the dialog mark the option's default choice where no choice is marked.
 - (void)setDefaultChoices:(ppd_option_t*)option
                   choices:(NSArray*)choices
-                 cStrKey:(const char*)cStrKey
+                  cStrKey:(const char*)cStrKey
                   nStrKey:(NSString*)nStrKey;
 
 @end
