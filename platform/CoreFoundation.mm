@@ -1,6 +1,7 @@
 #include <CoreFoundation/CoreFoundation.h>
 
 #include "platform/NumberConversion.hpp"
+#include "platform/PropertyListXML.hpp"
 #include "platform/StringEncodings.hpp"
 #include "platform/UriScheme.hpp"
 
@@ -9,6 +10,8 @@
 #include <clocale>
 #include <cmath>
 #include <cstring>
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace {
@@ -176,35 +179,134 @@ enum : CFTypeID
     kBooleanType
 };
 
-CFStringRef newReason(NSString* reason)
+using ListType = printing::PropertyListValue::Type;
+
+std::optional<std::string> listText(NSString* text)
 {
-    return (CFStringRef)[(reason != nil ? reason : @"The data is not a property list.") copy];
+    NSData* bytes = encoded(text, NSUTF8StringEncoding);
+    if (bytes == nil)
+        return std::nullopt;
+    std::string utf8(static_cast<const char*>([bytes bytes]), [bytes length]);
+    if (!printing::isXMLText(utf8))
+        return std::nullopt;
+    return utf8;
 }
 
-// A list in memory cannot be deeper than this unless it holds itself.
-constexpr int kDeepestList = 512;
+bool fill(printing::PropertyListValue& value, id from, int depth);
 
-bool isPropertyList(id value, int depth)
+bool fillDictionary(printing::PropertyListValue& value, NSDictionary* from, int depth)
 {
-    if (depth > kDeepestList)
+    value.type = ListType::Dictionary;
+    // In order of the keys, so that equal dictionaries make equal texts.
+    for (id key in [from allKeys])
+        if (![key isKindOfClass:[NSString class]])
+            return false;
+    for (NSString* key in [[from allKeys] sortedArrayUsingSelector:@selector(compare:)]) {
+        auto text = listText(key);
+        if (!text || !fill(value.items.emplace_back(), [from objectForKey:key], depth + 1))
+            return false;
+        value.keys.push_back(std::move(*text));
+    }
+    return true;
+}
+
+void fillNumber(printing::PropertyListValue& value, NSNumber* from)
+{
+    const char type = *[from objCType];
+    const bool isReal = type == 'f' || type == 'd' ||
+                        ((type == 'Q' || type == 'L') && [from unsignedLongLongValue] > INT64_MAX);
+    if (CFGetTypeID(from) == kBooleanType) {
+        value.type = ListType::Boolean;
+        value.integer = [from boolValue] ? 1 : 0;
+    } else if (isReal) {
+        value.type = ListType::Real;
+        value.real = [from doubleValue];
+    } else {
+        value.type = ListType::Integer;
+        value.integer = [from longLongValue];
+    }
+}
+
+// False for an object that no property list can hold; the depth ends one that holds itself.
+bool fill(printing::PropertyListValue& value, id from, int depth)
+{
+    if (depth > printing::kDeepestPropertyList)
         return false;
-    if ([value isKindOfClass:[NSString class]] || [value isKindOfClass:[NSData class]] ||
-        [value isKindOfClass:[NSNumber class]] || [value isKindOfClass:[NSDate class]])
-        return true;
-    if ([value isKindOfClass:[NSArray class]]) {
-        for (id entry in (NSArray*)value)
-            if (!isPropertyList(entry, depth + 1))
+    if ([from isKindOfClass:[NSString class]]) {
+        auto text = listText(from);
+        if (!text)
+            return false;
+        value.type = ListType::String;
+        value.text = std::move(*text);
+    } else if ([from isKindOfClass:[NSData class]]) {
+        value.type = ListType::Data;
+        if ([from length] > 0)
+            value.text.assign(static_cast<const char*>([(NSData*)from bytes]), [from length]);
+    } else if ([from isKindOfClass:[NSNumber class]]) {
+        fillNumber(value, from);
+    } else if ([from isKindOfClass:[NSDate class]]) {
+        value.type = ListType::Date;
+        value.real = [(NSDate*)from timeIntervalSinceReferenceDate];
+    } else if ([from isKindOfClass:[NSArray class]]) {
+        value.type = ListType::Array;
+        for (id entry in (NSArray*)from)
+            if (!fill(value.items.emplace_back(), entry, depth + 1))
                 return false;
-        return true;
+    } else if ([from isKindOfClass:[NSDictionary class]]) {
+        return fillDictionary(value, from, depth);
+    } else {
+        return false;
     }
-    if ([value isKindOfClass:[NSDictionary class]]) {
-        for (id key in (NSDictionary*)value)
-            if (![key isKindOfClass:[NSString class]] ||
-                !isPropertyList([(NSDictionary*)value objectForKey:key], depth + 1))
-                return false;
-        return true;
+    return true;
+}
+
+NSString* newText(const std::string& utf8, Class kind)
+{
+    return [[kind alloc] initWithBytes:utf8.data() length:utf8.size()
+                              encoding:NSUTF8StringEncoding];
+}
+
+// The caller's own.
+id newObject(const printing::PropertyListValue& value, CFOptionFlags mutability)
+{
+    const bool mutableLeaves = (mutability & kCFPropertyListMutableContainersAndLeaves) != 0;
+    switch (value.type) {
+    case ListType::String:
+        return newText(value.text, mutableLeaves ? [NSMutableString class] : [NSString class]);
+    case ListType::Data:
+        return [[(mutableLeaves ? [NSMutableData class] : [NSData class]) alloc]
+            initWithBytes:value.text.data()
+                   length:value.text.size()];
+    case ListType::Integer:
+        return [[NSNumber alloc] initWithLongLong:value.integer];
+    case ListType::Real:
+        return [[NSNumber alloc] initWithDouble:value.real];
+    case ListType::Boolean:
+        return (id)CFRetain(value.integer != 0 ? kCFBooleanTrue : kCFBooleanFalse);
+    case ListType::Date:
+        return [[NSDate alloc] initWithTimeIntervalSinceReferenceDate:value.real];
+    case ListType::Array:
+    case ListType::Dictionary:
+        break;
     }
-    return false;
+    id container = value.type == ListType::Array ? [[NSMutableArray alloc] init]
+                                                 : [[NSMutableDictionary alloc] init];
+    for (std::size_t i = 0; i < value.items.size(); ++i) {
+        id item = newObject(value.items[i], mutability);
+        if (value.type == ListType::Array) {
+            [container addObject:item];
+        } else {
+            NSString* key = newText(value.keys[i], [NSString class]);
+            [container setObject:item forKey:key];
+            [key release];
+        }
+        [item release];
+    }
+    if (mutability != kCFPropertyListImmutable)
+        return container;
+    id fixed = [container copy];
+    [container release];
+    return fixed;
 }
 
 } // namespace
@@ -554,6 +656,11 @@ Boolean CFNumberGetValue(CFNumberRef ref, CFNumberType type, void* value)
     return writeNumber(static_cast<std::int64_t>([number longLongValue]), type, value);
 }
 
+CFBooleanRef __CFBooleanConstant(Boolean truth)
+{
+    return (CFBooleanRef)[NSNumber numberWithBool:truth ? YES : NO];
+}
+
 Boolean CFBooleanGetValue(CFBooleanRef truth)
 {
     return [(NSNumber*)truth boolValue];
@@ -562,50 +669,30 @@ Boolean CFBooleanGetValue(CFBooleanRef truth)
 CFPropertyListRef CFPropertyListCreateFromXMLData(CFAllocatorRef allocator, CFDataRef data,
                                                   CFOptionFlags mutability, CFStringRef* error)
 {
-    if (error != nullptr)
-        *error = nullptr;
     const Pool pool;
-    id list = nil;
-    NSString* reason = nil;
-    if (data != nullptr && [(NSData*)data length] > 0) {
-        @try {
-            list = [NSPropertyListSerialization
-                propertyListFromData:(NSData*)data
-                    mutabilityOption:static_cast<NSPropertyListMutabilityOptions>(mutability & 3)
-                              format:nullptr
-                    errorDescription:&reason];
-        } @catch (NSException* exception) {
-            list = nil;
-            reason = [exception reason];
-        }
-    }
-    if (list == nil && error != nullptr)
-        *error = newReason(reason);
-    return [list retain];
+    const auto list = printing::parsePropertyListXML(
+        std::string_view(static_cast<const char*>([(NSData*)data bytes]), [(NSData*)data length]));
+    if (error != nullptr)
+        *error = list.value ? nullptr
+                            : CFStringCreateWithFormat(allocator, nullptr, CFSTR("Line %d: %s"),
+                                                       list.line, list.problem);
+    return list.value ? newObject(*list.value, mutability) : nullptr;
 }
 
 Boolean CFPropertyListIsValid(CFPropertyListRef list, CFPropertyListFormat format)
 {
     const Pool pool;
-    return isPropertyList(object(list), 0);
+    printing::PropertyListValue value;
+    return format == kCFPropertyListXMLFormat_v1_0 && fill(value, object(list), 0);
 }
 
 CFDataRef CFPropertyListCreateXMLData(CFAllocatorRef allocator, CFPropertyListRef list)
 {
     const Pool pool;
-    if (!isPropertyList(object(list), 0))
+    printing::PropertyListValue value;
+    if (!fill(value, object(list), 0))
         return nullptr;
-    NSData* data = nil;
-    @try {
-        NSString* reason = nil;
-        data = [NSPropertyListSerialization dataFromPropertyList:object(list)
-                                                          format:NSPropertyListXMLFormat_v1_0
-                                                errorDescription:&reason];
-    } @catch (NSException*) {
-        data = nil;
-    }
-    return (CFDataRef)[data copy];
+    const std::string xml = printing::propertyListXML(value);
+    return CFDataCreate(allocator, reinterpret_cast<const UInt8*>(xml.data()),
+                        static_cast<CFIndex>(xml.size()));
 }
-
-const CFBooleanRef kCFBooleanTrue = (CFBooleanRef)[[NSNumber numberWithBool:YES] retain];
-const CFBooleanRef kCFBooleanFalse = (CFBooleanRef)[[NSNumber numberWithBool:NO] retain];

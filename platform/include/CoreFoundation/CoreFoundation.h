@@ -315,8 +315,10 @@ CF_EXPORT CFNumberRef CFNumberCreate(CFAllocatorRef allocator, CFNumberType type
  * answers false and writes nothing [ours]. */
 CF_EXPORT Boolean CFNumberGetValue(CFNumberRef number, CFNumberType type, void* value);
 
-CF_EXPORT const CFBooleanRef kCFBooleanTrue;
-CF_EXPORT const CFBooleanRef kCFBooleanFalse;
+/* Calls rather than variables: the toolkit makes its truth values when first asked. */
+#define kCFBooleanTrue __CFBooleanConstant(1)
+#define kCFBooleanFalse __CFBooleanConstant(0)
+CF_EXPORT CFBooleanRef __CFBooleanConstant(Boolean truth);
 CF_EXPORT Boolean CFBooleanGetValue(CFBooleanRef truth);
 
 /* Property lists. */
@@ -328,8 +330,8 @@ enum {
 };
 
 /* NULL for anything that is no valid property list, with a reason in `error`, which may be NULL and
- * otherwise belongs to the caller; NULL there on success [framework].  The other forms of a
- * property list are read as well as XML [framework]. */
+ * otherwise belongs to the caller; NULL there on success [framework].  Only the XML form is read, in
+ * UTF-8, and arrays and dictionaries 128 deep [ours]. */
 CF_EXPORT CFPropertyListRef CFPropertyListCreateFromXMLData(CFAllocatorRef allocator, CFDataRef data,
                                                             CFOptionFlags mutability,
                                                             CFStringRef* error);
@@ -342,7 +344,8 @@ enum {
 };
 
 /* Strings, data, numbers, booleans, dates, and arrays and dictionaries of them under string
- * keys [framework]. */
+ * keys [framework].  False for a text with characters that XML lacks, for more than 128 levels and
+ * for every form but XML [ours]. */
 CF_EXPORT Boolean CFPropertyListIsValid(CFPropertyListRef list, CFPropertyListFormat format);
 
 /* NULL for an object that no property list can hold [framework]. */
