@@ -47,5 +47,6 @@ target_link_libraries(Toolkit_GUI INTERFACE ${GNUSTEP_GUI} ${GNUSTEP_BASE} ${OBJ
 add_library(Toolkit_CUPS INTERFACE)
 add_library(Toolkit::CUPS ALIAS Toolkit_CUPS)
 target_compile_definitions(Toolkit_CUPS INTERFACE _PPD_DEPRECATED=)
+target_compile_options(Toolkit_CUPS INTERFACE -Wno-deprecated-declarations)
 target_include_directories(Toolkit_CUPS SYSTEM INTERFACE ${CUPS_INCLUDE_DIRS})
 target_link_libraries(Toolkit_CUPS INTERFACE ${CUPS_LIBRARIES})
