@@ -65,7 +65,7 @@
 - (void)setPDEItems2;
 - (void)updateUIItem:(int32_t)itemType;
 - (void)updateMarkedSelections:(int32_t)itemType;
-- (int32_t)indexForSummary:(intptr_t)item; // 0
+- (int32_t)indexForSummary:(int32_t)itemType; // 0
 
 // Services for a concrete panel.
 
@@ -101,5 +101,11 @@
                   choices:(NSArray*)choices
                   cStrKey:(const char*)cStrKey
                   nStrKey:(NSString*)nStrKey;
+
+// Tells the dialog of an option's new choice; nothing is told when either is nil.
+- (void)tellDialogOption:(NSString*)key choice:(NSString*)choice;
+
+// The text for a key in the bundle's strings table, the key itself where it has none.
+- (NSString*)localized:(NSString*)key;
 
 @end
