@@ -23,18 +23,14 @@ static std::span<const char* const> valueKeys(SummaryLine line, bool isZR) noexc
     static constexpr const char* kResolutions[] = {"RS_Resol180360", "RS_Resol360360",
                                                    "RS_Resol360720"};
     static constexpr const char* kCompressions[] = {"RS_CompressOFF", "RS_CompressON"};
-    switch (line) {
-    case SummaryLine::PrintMode:
+    if (line == SummaryLine::PrintMode)
         return kPrintModes;
-    case SummaryLine::Quality:
+    if (line == SummaryLine::Quality)
         return kQualities;
-    case SummaryLine::Resolution:
-        if (isZR)
-            return kZRResolutions;
+    if (line == SummaryLine::Resolution && isZR)
+        return kZRResolutions;
+    if (line == SummaryLine::Resolution)
         return kResolutions;
-    case SummaryLine::Compress:
-        break;
-    }
     return kCompressions;
 }
 
