@@ -481,13 +481,7 @@ CFComparisonResult CFStringCompare(CFStringRef one, CFStringRef other, CFStringC
         mask |= NSLiteralSearch;
     if ((options & kCFCompareCaseInsensitive) != 0)
         mask |= NSCaseInsensitiveSearch;
-    if ((options & kCFCompareNumerically) != 0)
-        mask |= NSNumericSearch;
     const Pool pool;
-    if ((options & kCFCompareLocalized) != 0)
-        return [string(one) compare:string(other) options:mask
-                              range:NSMakeRange(0, [string(one) length])
-                             locale:[NSLocale currentLocale]];
     return [string(one) compare:string(other) options:mask];
 }
 

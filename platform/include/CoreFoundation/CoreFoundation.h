@@ -177,11 +177,7 @@ enum {
 typedef CFOptionFlags CFStringCompareFlags;
 enum {
     kCFCompareCaseInsensitive = 1,
-    kCFCompareBackwards = 4,
-    kCFCompareAnchored = 8,
-    kCFCompareNonliteral = 16,
-    kCFCompareLocalized = 32,
-    kCFCompareNumerically = 64
+    kCFCompareNonliteral = 16
 };
 
 /* A string from a literal, never to be released [framework]. */
@@ -219,7 +215,7 @@ CF_EXPORT Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIndex b
                                      CFStringEncoding encoding);
 
 /* Literally, unit by unit, without options [framework].  NULL comes before every string and equals
- * NULL alone [ours].  Backwards and anchored mean nothing here, as in the original. */
+ * NULL alone [ours]. */
 CF_EXPORT CFComparisonResult CFStringCompare(CFStringRef one, CFStringRef other,
                                              CFStringCompareFlags options);
 
