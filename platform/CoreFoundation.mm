@@ -102,10 +102,10 @@ NSData* encodedWithLoss(NSString* text, CFStringEncoding encoding, UInt8 lossByt
         const unichar unit = [text characterAtIndex:at];
         const bool isPair = (unit & 0xfc00) == 0xd800 && at + 1 < length &&
                             ([text characterAtIndex:at + 1] & 0xfc00) == 0xdc00;
-        const bool isHalf = (unit & 0xf800) == 0xd800 && !isPair;
         const NSRange range = NSMakeRange(at, isPair ? 2 : 1);
         NSString* character = [text substringWithRange:range];
-        NSData* converted = isHalf ? nil : encoded(character, toolkit(encoding));
+        // Half a pair is in no encoding.
+        NSData* converted = encoded(character, toolkit(encoding));
         if (replaced != nil)
             [replaced appendString:converted != nil
                                        ? character

@@ -73,7 +73,8 @@ class PageFormat
     std::unique_ptr<Record> record_;
 };
 
-// A key-value store with the job's page range.  Values are binary data.
+// A key-value store with the job's page range.  Values are data and texts; a panel may set others
+// that a property list can hold.  A key or text that is not UTF-8 is left out.
 class PrintSettings
 {
   public:
@@ -97,7 +98,7 @@ class PrintSettings
 class PrintSession
 {
   public:
-    PrintSession(); // empty
+    PrintSession(); // empty; keys as above
     ~PrintSession();
     PrintSession(const PrintSession&) = delete;
     PrintSession& operator=(const PrintSession&) = delete;

@@ -38,6 +38,21 @@ TEST(Interposing, GivesASharedObjectTheProgramsOwnCalls)
     EXPECT_EQ(callCFStringGetSystemEncoding(), 4711u);
 }
 
+// What another call of the library makes of it is seen below.
+extern "C" CFDataRef CFPropertyListCreateXMLData(CFAllocatorRef, CFPropertyListRef)
+{
+    return nullptr;
+}
+
+TEST(Interposing, ReachesTheCallsInsideTheLibrary)
+{
+    printing::PrintSettings settings;
+    CFDataRef data = nullptr;
+    EXPECT_EQ(PMPrintSettingsCreateDataRepresentation(settings.handle(), &data, 0),
+              kPMGeneralError);
+    EXPECT_EQ(data, nullptr);
+}
+
 TEST(Interposing, LeavesTheOtherCallsToTheLibrary)
 {
     printing::PrintSettings settings;

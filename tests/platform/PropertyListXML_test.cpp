@@ -185,7 +185,7 @@ TEST(PropertyListXML, RefusesEveryListThatWasCutShort)
 TEST(PropertyListXML, RefusesBytesThatAreNoText)
 {
     for (const char* bytes : {"\xff", "\xc3", "\xc0\x80", "\xed\xa0\x80", "\xf4\x90\x80\x80",
-                              "\x01", "\xe0\x80\x80", "\xef\xbf\xbf", "\x80"})
+                              "\x01", "\xe0\x81\x81", "\xf0\x80\x81\x81", "\xef\xbf\xbf", "\x80"})
         EXPECT_TRUE(isRefused(list("<string>" + std::string(bytes) + "</string>")));
     EXPECT_TRUE(isRefused(list(std::string_view("<string>\0</string>", 18))));
 }

@@ -1,7 +1,8 @@
 /* CoreServices/CoreServices.h - the system version query.
  *
  * Answers the release whose toolkit interface the installed toolkit follows: 10.14, the newest that
- * its <GNUstepBase/GSVersionMacros.h> (1.28) names.
+ * its <GNUstepBase/GSVersionMacros.h> (1.28) names.  The toolkit's NSAppKitVersionNumber says 10.4,
+ * which it has long outgrown.
  *
  * For trying how a program takes another release, the environment variable
  * PAGE_SETTINGS_SYSTEM_VERSION names it: one to three numbers with points between ("10.4.11",
