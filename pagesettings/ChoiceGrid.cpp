@@ -105,19 +105,26 @@ ChoiceFrame frameOfScroller(const ChoiceGrid& grid, float width, float height) n
     return {width - kChoiceScrollerWidth, 0, kChoiceScrollerWidth, height};
 }
 
+std::int32_t firstVisibleChoice(const ChoiceGrid& grid) noexcept
+{
+    return grid.firstLine * grid.columns;
+}
+
+std::int32_t endOfVisibleChoices(const ChoiceGrid& grid) noexcept
+{
+    const std::int32_t first = firstVisibleChoice(grid);
+    return first + std::min(grid.count - first, grid.visibleLines * grid.columns);
+}
+
 bool isChoiceVisible(const ChoiceGrid& grid, std::int32_t index) noexcept
 {
-    if (index < 0 || index >= grid.count)
-        return false;
-    const std::int32_t line = index / grid.columns;
-    return line >= grid.firstLine && line < grid.firstLine + grid.visibleLines;
+    return index >= firstVisibleChoice(grid) && index < endOfVisibleChoices(grid);
 }
 
 std::int32_t choiceAt(const ChoiceGrid& grid, float x, float y) noexcept
 {
-    const std::int32_t first = grid.firstLine * grid.columns;
-    const std::int32_t end = std::min(grid.count, first + grid.visibleLines * grid.columns);
-    for (std::int32_t index = first; index < end; ++index) {
+    const std::int32_t end = endOfVisibleChoices(grid);
+    for (std::int32_t index = firstVisibleChoice(grid); index < end; ++index) {
         const ChoiceFrame frame = frameOfChoice(grid, index);
         if (x >= frame.x && x < frame.x + frame.width && y >= frame.y && y < frame.y + frame.height)
             return index;
@@ -149,16 +156,12 @@ std::int32_t choiceAfterMove(const ChoiceGrid& grid, std::int32_t index, ChoiceM
     if (index < 0 || index >= grid.count)
         return 0;
     const std::int32_t last = grid.count - 1;
-    switch (move) {
-    case ChoiceMove::Left:
+    if (move == ChoiceMove::Left)
         return std::max(0, index - 1);
-    case ChoiceMove::Right:
+    if (move == ChoiceMove::Right)
         return std::min(last, index + 1);
-    case ChoiceMove::Up:
+    if (move == ChoiceMove::Up)
         return index >= grid.columns ? index - grid.columns : index;
-    case ChoiceMove::Down:
-        break;
-    }
     // From above the empty places of the last line, down leads to the last choice.
     if (index / grid.columns >= grid.lines - 1)
         return index;

@@ -70,6 +70,9 @@ ChoiceFrame frameOfChoice(const ChoiceGrid& grid, std::int32_t index) noexcept;
 // Where the scroller stands; empty when there is none.
 ChoiceFrame frameOfScroller(const ChoiceGrid& grid, float width, float height) noexcept;
 
+// The choices seen are those from the first up to, not including, the end.
+std::int32_t firstVisibleChoice(const ChoiceGrid& grid) noexcept;
+std::int32_t endOfVisibleChoices(const ChoiceGrid& grid) noexcept;
 bool isChoiceVisible(const ChoiceGrid& grid, std::int32_t index) noexcept;
 
 // kNoChoice in the gaps, beside the last choice, on the scroller and outside the slot.

@@ -145,10 +145,8 @@ float widthOf(NSCell* cell)
 {
     [self measure];
     mDrawing = YES;
-    const ChoiceGrid& grid = mGrid;
-    const int32_t first = grid.firstLine * grid.columns;
-    const int32_t end = std::min(grid.count, first + grid.visibleLines * grid.columns);
-    for (int32_t row = first; row < end; ++row)
+    const int32_t end = endOfVisibleChoices(mGrid);
+    for (int32_t row = firstVisibleChoice(mGrid); row < end; ++row)
         [self drawCellAtRow:row column:0];
     mDrawing = NO;
 }
@@ -228,7 +226,7 @@ float widthOf(NSCell* cell)
         break;
     case ' ':
         // The chosen one stays chosen; with none, the first.
-        next = selected < 0 ? choiceAfterMove(grid, selected, ChoiceMove::Right) : selected;
+        next = selected < 0 ? choiceAfterMove(grid, kNoChoice, ChoiceMove::Right) : selected;
         break;
     default:
         [super keyDown:event];
@@ -367,9 +365,8 @@ float widthOf(NSCell* cell)
 - (void)placeToolTips
 {
     [self removeAllToolTips];
-    const int32_t first = mGrid.firstLine * mGrid.columns;
-    const int32_t end = std::min(mGrid.count, first + mGrid.visibleLines * mGrid.columns);
-    for (int32_t row = first; row < end; ++row) {
+    const int32_t end = endOfVisibleChoices(mGrid);
+    for (int32_t row = firstVisibleChoice(mGrid); row < end; ++row) {
         const ChoiceFrame frame = frameOfChoice(mGrid, row);
         if (widthOf([self cellAtRow:row column:0]) > frame.width)
             [self addToolTipRect:rectOf(frame) owner:self userData:NULL];
