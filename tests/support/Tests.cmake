@@ -15,15 +15,23 @@ function(rule_test name)
   gtest_discover_tests(${name} PROPERTIES LABELS rules TIMEOUT 300)
 endfunction()
 
+# Compiled once for all panel tests.
+add_library(panel_test_support OBJECT EXCLUDE_FROM_ALL
+  ${CMAKE_SOURCE_DIR}/tests/support/PanelTest.mm
+  ${CMAKE_SOURCE_DIR}/tests/support/PanelTestMain.mm
+  ${CMAKE_SOURCE_DIR}/tests/support/PanelTestPrinting.mm
+  ${CMAKE_SOURCE_DIR}/tests/support/PPDText.cpp)
+target_include_directories(panel_test_support PUBLIC ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/tests)
+target_link_libraries(panel_test_support PUBLIC printing_platform Toolkit::GUI Toolkit::CUPS
+  House::Flags GTest::gtest ${CMAKE_DL_LIBS})
+target_compile_definitions(panel_test_support PUBLIC
+  PLUGIN_PATH="${CMAKE_BINARY_DIR}/PageSettings.plugin" SOURCE_FOLDER="${CMAKE_SOURCE_DIR}")
+
 function(panel_test name)
-  add_executable(${name} ${ARGN} ${CMAKE_SOURCE_DIR}/tests/support/PanelTestMain.mm)
-  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/tests)
-  target_link_libraries(${name} PRIVATE printing_platform page_settings_rules Toolkit::GUI
-    Toolkit::CUPS House::Flags GTest::gtest)
+  add_executable(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE panel_test_support page_settings_rules)
   # Lets a test put its own version of a printing call in front of the library's.
   set_target_properties(${name} PROPERTIES ENABLE_EXPORTS ON)
-  target_compile_definitions(${name} PRIVATE
-    PLUGIN_PATH="${CMAKE_BINARY_DIR}/PageSettings.plugin" SOURCE_FOLDER="${CMAKE_SOURCE_DIR}")
   add_dependencies(${name} PageSettings)
   # One process for the whole program: loading the bundle and a display for each single test would
   # cost more than the tests.
