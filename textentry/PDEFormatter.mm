@@ -122,6 +122,13 @@ NSString* displayText(NSString* format, int32_t style, id object)
     return applied(fits ? format : kObjectPlaceholder, object);
 }
 
+// Half of a surrogate pair is a character too; the plain call answers nil for it on some toolkits.
+NSString* oneCharacter(unichar character)
+{
+    NSString* const string = [NSString stringWithCharacters:&character length:1];
+    return string != nil ? string : [NSString stringWithFormat:@"%C", character];
+}
+
 NSString* notificationName(Refusal refusal)
 {
     return refusal == Refusal::FormatError ? @"FormatErrorNotification"
@@ -292,11 +299,9 @@ NSString* notificationName(Refusal refusal)
 {
     id object = self;
     switch (textentry::postedObject(verdict, mObject != nil)) {
-    case PostedObject::Offender: {
-        const unichar offender = *verdict.offender;
-        object = [NSString stringWithCharacters:&offender length:1];
+    case PostedObject::Offender:
+        object = oneCharacter(*verdict.offender);
         break;
-    }
     case PostedObject::NotificationObject:
         object = mObject;
         break;

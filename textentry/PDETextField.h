@@ -15,7 +15,8 @@
 
 - (void)textDidEndEditing:(NSNotification*)notification;
 
-// Posts, and leaves the selection as it is.
+// Posts, and leaves the selection as it is.  The toolkit's own calls while the field gains the
+// focus or is written to post nothing.
 - (void)selectText:(id)sender;
 
 // Posts.  The field's delegate gets no controlTextDidChange: from here.

@@ -61,6 +61,10 @@ class InsideToolkit
         [super selectText:sender];
         return;
     }
+    // After Tab the window sends this to the field that it has just given the focus and whose text
+    // is selected already: a part of gaining the focus, not an edit.
+    if ([self currentEditor] != nil && sender == [self window])
+        return;
     [self sendFirstResponderNotification:NO];
 }
 
