@@ -12,7 +12,7 @@
 #include <cups/ppd.h>
 
 #ifdef __OBJC__
-#import <Foundation/Foundation.h>
+#include <AppKit/AppKit.h>
 
 // One line of the system log: "BEGIN", "END" or "LOG", the object when there is one, and the
 // message.  The object's description becomes part of the format: a "%" in it is a directive.
