@@ -247,9 +247,10 @@ float widthOf(NSCell* cell)
     return [self isEnabled] && [self numberOfRows] > 0;
 }
 
+// Does not scroll to the chosen one: the focus may come by a click, which must hit what the user
+// sees under the mouse.
 - (BOOL)becomeFirstResponder
 {
-    [self scrollCellToVisibleAtRow:[self selectedRow] column:0];
     [self setNeedsDisplay:YES];
     return [super becomeFirstResponder];
 }
