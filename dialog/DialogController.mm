@@ -1,0 +1,473 @@
+#include "dialog/DialogController.h"
+
+#include "dialog/BuiltIn.hpp"
+#include "dialog/Document.hpp"
+#include "dialog/OutputFolder.hpp"
+#include "dialog/Text.h"
+
+#include <cstdio>
+
+namespace {
+
+// Long enough for the window manager to have placed the window.
+constexpr NSTimeInterval kShownDelay = 0.4;
+constexpr NSTimeInterval kListingInterval = 0.1;
+
+enum Pane : NSInteger
+{
+    kPanelPane = 0,
+    kSummaryPane = 1
+};
+
+std::string programFolder()
+{
+    const std::string path = dialog::toString(
+        [[NSFileManager defaultManager] pathContentOfSymbolicLinkAtPath:@"/proc/self/exe"]);
+    return path.substr(0, path.rfind('/'));
+}
+
+} // namespace
+
+@interface DialogController (Steps)
+- (void)report:(const dialog::Failure&)failure;
+- (void)report:(const dialog::Failure&)failure asStatus:(BOOL)counts;
+- (void)findPrinters;
+- (void)openPrinter:(std::size_t)index paper:(const std::string&)paper;
+- (dialog::PPDFile)openPPDOf:(const dialog::PrinterEntry&)printer failure:(dialog::Failure&)failure;
+- (void)closePanel;
+- (void)openPanel;
+- (void)fillTapes;
+- (void)showPane:(NSInteger)pane;
+- (std::vector<dialog::SummaryLine>)summaryLines;
+- (void)windowWasShown:(id)ignored;
+- (void)takePicture;
+- (void)writeControls:(NSTimer*)timer;
+- (BOOL)printNow;
+- (dialog::Failure)sendWithCopies:(std::int32_t)copies;
+- (void)stopWithStatus:(dialog::ExitStatus)status;
+@end
+
+@implementation DialogController
+
+- (id)initWithCommandLine:(const dialog::CommandLine&)line
+{
+    self = [super init];
+    if (self != nil) {
+        line_ = line;
+        status_ = dialog::ExitStatus::Printed;
+        if (line_.plugin.empty()) {
+            line_.plugin = programFolder() + "/PageSettings.plugin";
+        }
+        for (const auto& [keyword, choice] : line_.wanted) {
+            if (keyword == "PageSize" && line_.paper.empty()) {
+                line_.paper = choice;
+            }
+        }
+    }
+    return self;
+}
+
+- (void)dealloc
+{
+    [NSObject cancelPreviousPerformRequestsWithTarget:self];
+    [self closePanel];
+    [host_ setDelegate:nil];
+    [host_ release];
+    [window_ release];
+    [super dealloc];
+}
+
+- (dialog::ExitStatus)status
+{
+    return status_;
+}
+
+- (void)applicationDidFinishLaunching:(NSNotification*)notification
+{
+    window_ = [[DialogWindow alloc] initWithController:self];
+    [[window_ copiesField] setIntValue:line_.copies];
+    [[window_ stepper] setMinValue:dialog::kMinCopies];
+    [[window_ stepper] setMaxValue:dialog::kMaxCopies];
+    [[window_ stepper] setIntValue:line_.copies];
+
+    [self findPrinters];
+    [self openPrinter:current_ paper:line_.paper];
+    if (const dialog::Document document = dialog::Document::open(line_.document); !document.ok()) {
+        [self report:document.failure()];
+    }
+    [[window_ window] center];
+    [NSApp activateIgnoringOtherApps:YES];
+    [[window_ window] makeKeyAndOrderFront:nil];
+    [self performSelector:@selector(windowWasShown:) withObject:nil afterDelay:kShownDelay];
+}
+
+// Words on the command line are the dialog's own business; the toolkit must not look for an
+// application that opens them.
+- (BOOL)application:(NSApplication*)application openFile:(NSString*)path
+{
+    return YES;
+}
+
+- (BOOL)windowShouldClose:(id)sender
+{
+    [self cancelDialog:sender];
+    return NO;
+}
+
+- (void)report:(const dialog::Failure&)failure
+{
+    [self report:failure asStatus:YES];
+}
+
+- (void)report:(const dialog::Failure&)failure asStatus:(BOOL)counts
+{
+    std::fprintf(stderr, "tape-print: %s\n", failure.text.c_str());
+    [window_ showMessage:dialog::toNSString(failure.text) isFailure:YES];
+    if (counts) {
+        status_ = failure.status;
+    }
+}
+
+- (void)findPrinters
+{
+    const dialog::QueueList list = dialog::listQueues();
+    printers_ = dialog::printersToOffer(line_, list.queues);
+    current_ = 0;
+    if (!line_.printer.empty()) {
+        if (const auto found = dialog::findPrinter(printers_, line_.printer)) {
+            current_ = *found;
+        } else {
+            [self report:list.failure ? list.failure : dialog::noSuchPrinter(line_.printer)];
+        }
+    } else if (list.failure) {
+        // The other printers work without a server, so this alone is no reason to fail.
+        [self report:list.failure asStatus:NO];
+    }
+    std::vector<std::string> titles;
+    titles.reserve(printers_.size());
+    for (const dialog::PrinterEntry& printer : printers_) {
+        titles.push_back(printer.title);
+    }
+    [window_ fill:[window_ printerPopUp] with:titles];
+    [[window_ printerPopUp] selectItemAtIndex:static_cast<NSInteger>(current_)];
+}
+
+- (dialog::PPDFile)openPPDOf:(const dialog::PrinterEntry&)printer failure:(dialog::Failure&)failure
+{
+    switch (printer.kind) {
+    case dialog::PrinterKind::PPDFile:
+        return dialog::PPDFile::fromPath(printer.ppdPath, failure);
+    case dialog::PrinterKind::Queue: {
+        const std::string bytes = dialog::fetchPPD(printer.name, failure);
+        return failure ? dialog::PPDFile()
+                       : dialog::PPDFile::fromBytes(printer.name, bytes, failure);
+    }
+    case dialog::PrinterKind::Sample:
+        break;
+    }
+    return dialog::PPDFile::fromBytes(printer.name, dialog::samplePPD(), failure);
+}
+
+- (void)openPrinter:(std::size_t)index paper:(const std::string&)paper
+{
+    [self closePanel];
+    [host_ setDelegate:nil];
+    [host_ release];
+    host_ = nil;
+    current_ = index;
+
+    const dialog::PrinterEntry& printer = printers_[index];
+    dialog::Failure failure;
+    dialog::PPDFile ppd = [self openPPDOf:printer failure:failure];
+    if (failure) {
+        [self report:failure];
+    }
+    host_ = [[PanelHost alloc] initWithPrinter:printer.name deviceURI:printer.deviceURI
+                                           ppd:std::move(ppd)
+                                         paper:paper
+                                        wanted:line_.wanted];
+    [host_ setDelegate:self];
+    [self fillTapes];
+    if (!paper.empty() && !failure && [host_ paperName] != paper) {
+        [self report:dialog::noSuchPaper(paper, printer.name)];
+    }
+    [self openPanel];
+}
+
+- (void)fillTapes
+{
+    sizes_ = [host_ ppd].sizes();
+    const std::string chosen = [host_ paperName];
+    std::vector<std::string> titles;
+    titles.reserve(sizes_.size());
+    std::size_t selected = 0;
+    for (const dialog::PPDFile::Size& size : sizes_) {
+        if (size.name == chosen) {
+            selected = titles.size();
+        }
+        titles.push_back(size.title);
+    }
+    [window_ fill:[window_ tapePopUp] with:titles];
+    if (!titles.empty()) {
+        [[window_ tapePopUp] selectItemAtIndex:static_cast<NSInteger>(selected)];
+    }
+}
+
+- (void)openPanel
+{
+    panelFailure_ = {};
+    loaded_ = [[LoadedPanel panelFromBundle:line_.plugin host:host_ failure:panelFailure_] retain];
+    NSString* const name = [loaded_ name];
+    [window_ fill:[window_ chooser]
+             with:{name == nil ? std::string("Page Settings") : dialog::toString(name), "Summary"}];
+    [self showPane:kPanelPane];
+    if (loaded_ == nil) {
+        [self report:panelFailure_];
+        return;
+    }
+    // The first show starts from the printer's defaults and saves them; what was wanted comes
+    // after.  Restoring also lets the panel take note of every choice for its summary.
+    [[loaded_ panel] willShow];
+    [host_ applyWanted];
+    NSError* error = nil;
+    [[loaded_ panel] restoreValuesAndReturnError:&error];
+}
+
+- (void)closePanel
+{
+    if (loaded_ == nil) {
+        return;
+    }
+    [[window_ window] makeFirstResponder:nil];
+    [[loaded_ panel] printWindowWillClose:NO];
+    [window_ showSentence:@""];
+    [loaded_ release];
+    loaded_ = nil;
+}
+
+- (void)showPane:(NSInteger)pane
+{
+    [[window_ chooser] selectItemAtIndex:pane];
+    if (pane == kSummaryPane) {
+        [window_ showSummary:[self summaryLines] title:[[window_ chooser] itemTitleAtIndex:0]];
+    } else if (loaded_ != nil) {
+        [window_ showPanelView:[loaded_ view]];
+    } else {
+        [window_ showSentence:dialog::toNSString(panelFailure_.text)];
+    }
+}
+
+- (std::vector<dialog::SummaryLine>)summaryLines
+{
+    std::vector<dialog::SummaryLine> lines;
+    NSDictionary* const summary = [[loaded_ panel] summaryInfo];
+    NSArray* const order = [summary objectForKey:kSummaryDisplayOrder];
+    for (NSString* title in order) {
+        NSString* const value = [summary objectForKey:title];
+        if ([value isKindOfClass:[NSString class]]) {
+            lines.push_back({dialog::toString(title), dialog::toString(value)});
+        }
+    }
+    return lines;
+}
+
+- (void)panelViewDidResize
+{
+    [window_ panelViewDidResize];
+}
+
+- (void)choosePrinter:(id)sender
+{
+    const NSInteger index = [[window_ printerPopUp] indexOfSelectedItem];
+    if (index < 0 || static_cast<std::size_t>(index) >= printers_.size() ||
+        static_cast<std::size_t>(index) == current_) {
+        return;
+    }
+    status_ = dialog::ExitStatus::Printed;
+    [window_ showMessage:@"" isFailure:NO];
+    [self openPrinter:static_cast<std::size_t>(index) paper:{}];
+}
+
+- (void)chooseTape:(id)sender
+{
+    const NSInteger index = [[window_ tapePopUp] indexOfSelectedItem];
+    if (index < 0 || static_cast<std::size_t>(index) >= sizes_.size()) {
+        return;
+    }
+    const std::string& name = sizes_[static_cast<std::size_t>(index)].name;
+    if (name == [host_ paperName]) {
+        return;
+    }
+    [[window_ window] makeFirstResponder:nil];
+    if (![host_ choosePaper:name]) {
+        [self report:dialog::noSuchPaper(name, printers_[current_].name)];
+        return;
+    }
+    [loaded_ optionDidChange:@"PageSize" choice:dialog::toNSString(name)];
+    [[loaded_ panel] updateUI];
+    if ([[window_ chooser] indexOfSelectedItem] == kSummaryPane) {
+        [self showPane:kSummaryPane];
+    }
+}
+
+- (void)choosePane:(id)sender
+{
+    const NSInteger pane = [[window_ chooser] indexOfSelectedItem];
+    [[window_ window] makeFirstResponder:nil];
+    if (pane == kSummaryPane && loaded_ != nil && ![[loaded_ panel] shouldHide]) {
+        [[window_ chooser] selectItemAtIndex:kPanelPane];
+        return;
+    }
+    [self showPane:pane];
+}
+
+- (void)stepCopies:(id)sender
+{
+    [[window_ copiesField] setIntValue:[[window_ stepper] intValue]];
+}
+
+- (void)controlTextDidChange:(NSNotification*)note
+{
+    std::int32_t copies = 0;
+    if ([note object] == [window_ copiesField] &&
+        dialog::parseCopies(dialog::toString([[window_ copiesField] stringValue]), copies)) {
+        [[window_ stepper] setIntValue:copies];
+    }
+}
+
+- (void)cancelDialog:(id)sender
+{
+    [self stopWithStatus:status_ == dialog::ExitStatus::Printed ? dialog::ExitStatus::Cancelled
+                                                                : status_];
+}
+
+- (void)printDialog:(id)sender
+{
+    if ([self printNow]) {
+        [self stopWithStatus:dialog::ExitStatus::Printed];
+    }
+}
+
+- (BOOL)printNow
+{
+    [window_ showMessage:@"" isFailure:NO];
+    [[window_ window] makeFirstResponder:nil];
+    NSString* const text = [[window_ copiesField] stringValue];
+    std::int32_t copies = dialog::kMinCopies;
+    dialog::Failure failure;
+    if (!dialog::parseCopies(dialog::toString(text), copies)) {
+        failure = dialog::copiesNotUnderstood(dialog::toString(text));
+    } else {
+        failure = [self sendWithCopies:copies];
+    }
+    if (failure) {
+        [self report:failure];
+        return NO;
+    }
+    return YES;
+}
+
+- (dialog::Failure)sendWithCopies:(std::int32_t)copies
+{
+    const dialog::PrinterEntry& printer = printers_[current_];
+    const dialog::Document document = dialog::Document::open(line_.document);
+    if (!document.ok()) {
+        return document.failure();
+    }
+    if (loaded_ != nil) {
+        // Saved before the panel is asked: the other way round the job could carry the values from
+        // before a correction.
+        NSError* error = nil;
+        if (![[loaded_ panel] saveValuesAndReturnError:&error] || ![[loaded_ panel] shouldPrint]) {
+            return dialog::panelHoldsJob();
+        }
+    }
+    const std::vector<dialog::JobOption> options =
+        dialog::optionsToSend([host_ options], [host_ paperName], copies);
+    const std::string title = dialog::jobTitle(line_.title, document.name());
+    if (printer.kind == dialog::PrinterKind::Queue) {
+        const dialog::SentJob sent =
+            dialog::sendJob(printer.name, title, options, document.path(), document.name());
+        if (!sent.failure) {
+            std::printf("%s\n", dialog::jobSent(printer.name, sent.id).c_str());
+        }
+        return sent.failure;
+    }
+    const std::string summary =
+        "Title: " + dialog::shown(title) + "\nPrinter: " + dialog::shown(printer.name) +
+        "\nCopies: " + std::to_string(copies) + "\n" + dialog::summaryText([self summaryLines]);
+    const dialog::JobFolder written = dialog::writeJobFolder(
+        line_.output, document.path(), document.name(), dialog::optionLines(options), summary);
+    if (written.path.empty()) {
+        return dialog::outputNotWritten(line_.output, written.reason);
+    }
+    std::printf("%s\n", dialog::jobWritten(written.path).c_str());
+    return {};
+}
+
+- (void)windowWasShown:(id)ignored
+{
+    if (line_.showSummary) {
+        [self showPane:kSummaryPane];
+    }
+    if (!line_.listControls.empty()) {
+        listing_ = [NSTimer timerWithTimeInterval:kListingInterval target:self
+                                         selector:@selector(writeControls:)
+                                         userInfo:nil
+                                          repeats:YES];
+        for (NSString* mode in
+             @[ NSDefaultRunLoopMode, NSModalPanelRunLoopMode, NSEventTrackingRunLoopMode ]) {
+            [[NSRunLoop currentRunLoop] addTimer:listing_ forMode:mode];
+        }
+    }
+    if (!line_.screenshot.empty()) {
+        [self takePicture];
+    }
+    if (line_.printAtOnce) {
+        // A script must not get a job that lacks what it asked for.
+        if (status_ == dialog::ExitStatus::Printed || status_ == dialog::ExitStatus::NotWritten) {
+            [self printNow];
+        }
+        [self stopWithStatus:status_];
+    }
+}
+
+- (void)takePicture
+{
+    if (![window_ writePicture:dialog::toNSString(line_.screenshot)]) {
+        [self report:dialog::fileNotWritten(line_.screenshot)];
+    }
+}
+
+- (void)writeControls:(NSTimer*)timer
+{
+    NSData* const bytes = [[window_ visibleControls] dataUsingEncoding:NSUTF8StringEncoding];
+    if (![bytes writeToFile:dialog::toNSString(line_.listControls) atomically:YES]) {
+        [listing_ invalidate];
+        listing_ = nil;
+        [self report:dialog::fileNotWritten(line_.listControls)];
+    }
+}
+
+- (void)stopWithStatus:(dialog::ExitStatus)status
+{
+    status_ = status;
+    [listing_ invalidate];
+    listing_ = nil;
+    [[window_ window] makeFirstResponder:nil];
+    [[loaded_ panel] printWindowWillClose:status == dialog::ExitStatus::Printed];
+    [[window_ window] orderOut:nil];
+    [NSApp stop:nil];
+    // The event loop looks whether it is to stop when an event arrives.
+    [NSApp postEvent:[NSEvent otherEventWithType:NSApplicationDefined location:NSZeroPoint
+                                   modifierFlags:0
+                                       timestamp:0
+                                    windowNumber:0
+                                         context:nil
+                                         subtype:0
+                                           data1:0
+                                           data2:0]
+             atStart:NO];
+}
+
+@end

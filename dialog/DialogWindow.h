@@ -1,0 +1,73 @@
+// DialogWindow.h - the window: controls made and placed, nothing decided.
+//
+// The controller is the target of every control and the window's delegate.  The pane in the middle
+// holds the panel's view, the summary, or a sentence.
+#pragma once
+
+#include "dialog/SummaryLines.hpp"
+
+#include <AppKit/AppKit.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+@protocol DialogActions
+- (void)choosePrinter:(id)sender;
+- (void)chooseTape:(id)sender;
+- (void)choosePane:(id)sender;
+- (void)stepCopies:(id)sender;
+- (void)cancelDialog:(id)sender;
+- (void)printDialog:(id)sender;
+@end
+
+@interface DialogWindow : NSObject
+{
+    NSWindow* window_;
+    NSPopUpButton* printer_;
+    NSPopUpButton* tape_;
+    NSPopUpButton* chooser_;
+    NSTextField* printerLabel_;
+    NSTextField* tapeLabel_;
+    NSTextField* copiesLabel_;
+    NSTextField* copies_;
+    NSStepper* stepper_;
+    NSTextField* message_;
+    NSBox* box_;
+    NSButton* cancel_;
+    NSButton* print_;
+    NSView* pane_; // what is shown in the middle; owned
+    NSSize paneSize_;
+}
+
+- (id)initWithController:(id<DialogActions>)controller;
+
+- (NSWindow*)window;
+- (NSPopUpButton*)printerPopUp;
+- (NSPopUpButton*)tapePopUp;
+- (NSPopUpButton*)chooser;
+- (NSTextField*)copiesField;
+- (NSStepper*)stepper;
+- (NSTextField*)messageField;
+
+// Every title as it is, equal ones too.
+- (void)fill:(NSPopUpButton*)popUp with:(const std::vector<std::string>&)titles;
+
+// The window takes the size that the view asks for, its top left corner staying where it is.
+- (void)showPanelView:(NSView*)view;
+- (void)panelViewDidResize;
+// These take the room there is.
+- (void)showSummary:(const std::vector<dialog::SummaryLine>&)lines title:(NSString*)title;
+- (void)showSentence:(NSString*)sentence;
+
+- (void)showMessage:(NSString*)text isFailure:(BOOL)isFailure;
+
+// The window's content as a PNG; NO when it could not be written.
+- (BOOL)writePicture:(NSString*)path;
+
+// One line for each control that can be seen: its name, the screen frame of what can be clicked
+// (pixels; left, top, width, height), "enabled" or "disabled", "on" or "off", and its text; tabs
+// between them.
+- (NSString*)visibleControls;
+
+@end

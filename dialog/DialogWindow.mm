@@ -1,0 +1,294 @@
+#include "dialog/DialogWindow.h"
+
+#include "dialog/ControlList.h"
+#include "dialog/Layout.hpp"
+#include "dialog/SummaryView.h"
+#include "dialog/Text.h"
+
+namespace {
+
+NSRect toRect(const dialog::Frame& frame)
+{
+    return NSMakeRect(frame.x, frame.y, frame.width, frame.height);
+}
+
+NSTextField* makeLabel(NSString* title, NSTextAlignment alignment)
+{
+    NSTextField* const label = [[NSTextField alloc] initWithFrame:NSZeroRect];
+    [label setEditable:NO];
+    [label setSelectable:NO];
+    [label setBezeled:NO];
+    [label setBordered:NO];
+    [label setDrawsBackground:NO];
+    [label setAlignment:alignment];
+    [label setFont:[NSFont systemFontOfSize:12]];
+    [label setStringValue:title];
+    return label;
+}
+
+NSPopUpButton* makePopUp(id target, SEL action)
+{
+    NSPopUpButton* const popUp = [[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO];
+    [popUp setAutoenablesItems:NO];
+    [popUp setTarget:target];
+    [popUp setAction:action];
+    return popUp;
+}
+
+NSButton* makeButton(NSString* title, NSString* key, id target, SEL action)
+{
+    NSButton* const button = [[NSButton alloc] initWithFrame:NSZeroRect];
+    [button setTitle:title];
+    [button setBezelStyle:NSRoundedBezelStyle];
+    [button setKeyEquivalent:key];
+    [button setTarget:target];
+    [button setAction:action];
+    return button;
+}
+
+} // namespace
+
+@interface DialogWindow (Placing)
+- (void)place;
+- (void)setPane:(NSView*)view;
+@end
+
+@implementation DialogWindow
+
+- (id)initWithController:(id<DialogActions>)controller
+{
+    self = [super init];
+    if (self == nil) {
+        return nil;
+    }
+    window_ = [[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, 560, 400)
+                                          styleMask:NSTitledWindowMask | NSClosableWindowMask
+                                            backing:NSBackingStoreBuffered
+                                              defer:NO];
+    [window_ setReleasedWhenClosed:NO];
+    [window_ setTitle:@"Print Label"];
+    [window_ setDelegate:(id)controller];
+
+    printerLabel_ = makeLabel(@"Printer:", NSRightTextAlignment);
+    tapeLabel_ = makeLabel(@"Tape:", NSRightTextAlignment);
+    copiesLabel_ = makeLabel(@"Copies:", NSRightTextAlignment);
+    printer_ = makePopUp(controller, @selector(choosePrinter:));
+    tape_ = makePopUp(controller, @selector(chooseTape:));
+    chooser_ = makePopUp(controller, @selector(choosePane:));
+
+    copies_ = [[NSTextField alloc] initWithFrame:NSZeroRect];
+    [copies_ setAlignment:NSRightTextAlignment];
+    [copies_ setFont:[NSFont systemFontOfSize:12]];
+    [copies_ setDelegate:(id)controller];
+    stepper_ = [[NSStepper alloc] initWithFrame:NSZeroRect];
+    [stepper_ setValueWraps:NO];
+    [stepper_ setIncrement:1];
+    [stepper_ setTarget:controller];
+    [stepper_ setAction:@selector(stepCopies:)];
+
+    box_ = [[NSBox alloc] initWithFrame:NSZeroRect];
+    [box_ setTitlePosition:NSNoTitle];
+    [box_ setBorderType:NSGrooveBorder];
+
+    message_ = makeLabel(@"", NSLeftTextAlignment);
+    [message_ setFont:[NSFont systemFontOfSize:11]];
+    [[message_ cell] setWraps:YES];
+    cancel_ = makeButton(@"Cancel", @"\e", controller, @selector(cancelDialog:));
+    print_ = makeButton(@"Print", @"\r", controller, @selector(printDialog:));
+
+    NSView* const content = [window_ contentView];
+    for (NSView* view in @[
+             printerLabel_, printer_, tapeLabel_, tape_, copiesLabel_, copies_, stepper_, chooser_,
+             box_, message_, cancel_, print_
+         ]) {
+        [content addSubview:view];
+    }
+    paneSize_ = NSMakeSize(520, 330);
+    [self place];
+    [window_ center];
+    return self;
+}
+
+- (void)dealloc
+{
+    [window_ setDelegate:nil];
+    [copies_ setDelegate:nil];
+    [pane_ removeFromSuperview];
+    for (NSView* view in @[
+             printerLabel_, printer_, tapeLabel_, tape_, copiesLabel_, copies_, stepper_, chooser_,
+             box_, message_, cancel_, print_
+         ]) {
+        [view release];
+    }
+    [pane_ release];
+    [window_ release];
+    [super dealloc];
+}
+
+- (NSWindow*)window
+{
+    return window_;
+}
+
+- (NSPopUpButton*)printerPopUp
+{
+    return printer_;
+}
+
+- (NSPopUpButton*)tapePopUp
+{
+    return tape_;
+}
+
+- (NSPopUpButton*)chooser
+{
+    return chooser_;
+}
+
+- (NSTextField*)copiesField
+{
+    return copies_;
+}
+
+- (NSStepper*)stepper
+{
+    return stepper_;
+}
+
+- (NSTextField*)messageField
+{
+    return message_;
+}
+
+// Through the menu itself: the pop-up's own way of adding drops an earlier item of the same title
+// and looks for it each time.
+- (void)fill:(NSPopUpButton*)popUp with:(const std::vector<std::string>&)titles
+{
+    [popUp removeAllItems];
+    NSMenu* const menu = [popUp menu];
+    [menu setMenuChangedMessagesEnabled:NO];
+    for (const std::string& title : titles) {
+        NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:dialog::toNSString(title)
+                                                            action:NULL
+                                                     keyEquivalent:@""];
+        [item setEnabled:YES];
+        [menu addItem:item];
+        [item release];
+    }
+    [menu setMenuChangedMessagesEnabled:YES];
+    [popUp setEnabled:!titles.empty()];
+    if (!titles.empty()) {
+        [popUp selectItemAtIndex:0];
+    }
+}
+
+- (void)showPanelView:(NSView*)view
+{
+    paneSize_ = [view frame].size;
+    [self setPane:view];
+    [self place];
+    [[NSNotificationCenter defaultCenter]
+        postNotificationName:NSViewDidUpdateTrackingAreasNotification
+                      object:view];
+}
+
+- (void)panelViewDidResize
+{
+    if (pane_ != nil && !NSEqualSizes(paneSize_, [pane_ frame].size)) {
+        paneSize_ = [pane_ frame].size;
+        [self place];
+    }
+}
+
+- (void)showSummary:(const std::vector<dialog::SummaryLine>&)lines title:(NSString*)title
+{
+    [self setPane:dialog::summaryView(lines, title, paneSize_)];
+    [self place];
+}
+
+- (void)showSentence:(NSString*)sentence
+{
+    NSView* const room = [[[NSView alloc]
+        initWithFrame:NSMakeRect(0, 0, paneSize_.width, paneSize_.height)] autorelease];
+    NSTextField* const label = makeLabel(sentence, NSCenterTextAlignment);
+    [[label cell] setWraps:YES];
+    [label setFrame:NSMakeRect(20, paneSize_.height / 2 - 40, paneSize_.width - 40, 80)];
+    [room addSubview:label];
+    [label release];
+    [self setPane:room];
+    [self place];
+}
+
+- (void)setPane:(NSView*)view
+{
+    if (view == pane_) {
+        return;
+    }
+    [pane_ removeFromSuperview];
+    [pane_ release];
+    pane_ = [view retain];
+    [[window_ contentView] addSubview:pane_];
+}
+
+- (void)place
+{
+    const dialog::WindowLayout layout = dialog::layOut(
+        {static_cast<double>(paneSize_.width), static_cast<double>(paneSize_.height)});
+    const NSRect content = NSMakeRect(0, 0, layout.content.width, layout.content.height);
+    const NSRect now = [window_ frame];
+    NSRect frame = [NSWindow frameRectForContentRect:content styleMask:[window_ styleMask]];
+    frame.origin = NSMakePoint(NSMinX(now), NSMaxY(now) - NSHeight(frame));
+    if (!NSEqualSizes(now.size, frame.size)) {
+        [window_ setFrame:frame display:NO];
+    }
+    [printerLabel_ setFrame:toRect(layout.printerLabel)];
+    [printer_ setFrame:toRect(layout.printerPopUp)];
+    [tapeLabel_ setFrame:toRect(layout.tapeLabel)];
+    [tape_ setFrame:toRect(layout.tapePopUp)];
+    [copiesLabel_ setFrame:toRect(layout.copiesLabel)];
+    [copies_ setFrame:toRect(layout.copiesField)];
+    [stepper_ setFrame:toRect(layout.copiesStepper)];
+    [chooser_ setFrame:toRect(layout.chooser)];
+    [box_ setFrame:toRect(layout.box)];
+    [message_ setFrame:toRect(layout.message)];
+    [cancel_ setFrame:toRect(layout.cancel)];
+    [print_ setFrame:toRect(layout.print)];
+    [pane_ setFrameOrigin:toRect(layout.pane).origin];
+    [[window_ contentView] setNeedsDisplay:YES];
+}
+
+- (void)showMessage:(NSString*)text isFailure:(BOOL)isFailure
+{
+    [message_ setTextColor:isFailure ? [NSColor colorWithCalibratedRed:0.7 green:0 blue:0 alpha:1]
+                                     : [NSColor controlTextColor]];
+    [message_ setStringValue:text];
+    [message_ setToolTip:[text length] == 0 ? nil : text];
+}
+
+- (BOOL)writePicture:(NSString*)path
+{
+    NSView* const content = [window_ contentView];
+    [window_ display];
+    [content lockFocus];
+    NSBitmapImageRep* const picture =
+        [[NSBitmapImageRep alloc] initWithFocusedViewRect:[content bounds]];
+    [content unlockFocus];
+    NSData* const bytes = [picture representationUsingType:NSPNGFileType properties:@{}];
+    const BOOL written = [bytes writeToFile:path atomically:YES];
+    [picture release];
+    return written;
+}
+
+- (NSString*)visibleControls
+{
+    return dialog::visibleControls({{printer_, "Printer"},
+                                    {tape_, "Tape"},
+                                    {copies_, "Copies"},
+                                    {stepper_, "Copies Stepper"},
+                                    {chooser_, "Pane"},
+                                    {message_, "Message"},
+                                    {cancel_, "Cancel"},
+                                    {print_, "Print"}});
+}
+
+@end

@@ -1,0 +1,78 @@
+#include "dialog/Layout.hpp"
+
+#include <algorithm>
+
+namespace dialog {
+
+namespace {
+
+constexpr double kEdge = 20;
+constexpr double kRow = 24;
+constexpr double kRowGap = 8;
+constexpr double kLabelWidth = 120;
+constexpr double kLabelHeight = 17;
+constexpr double kLabelGap = 8;
+constexpr double kCopiesWidth = 52;
+constexpr double kStepperWidth = 16;
+constexpr double kBoxInset = 12;
+constexpr double kButtonWidth = 90;
+constexpr double kButtonHeight = 26;
+constexpr double kMessageHeight = 30; // two lines
+constexpr double kMessageGap = 6;
+constexpr double kChooserWidth = 200;
+constexpr double kPopUpWidth = 300;
+constexpr double kMinPaneWidth = 460;
+constexpr double kMinPaneHeight = 120;
+
+Frame labelBeside(double y) noexcept
+{
+    return {kEdge, y + (kRow - kLabelHeight) / 2, kLabelWidth, kLabelHeight};
+}
+
+} // namespace
+
+WindowLayout layOut(Size pane) noexcept
+{
+    const Size inner{std::max(pane.width, kMinPaneWidth), std::max(pane.height, kMinPaneHeight)};
+    const double boxWidth = inner.width + 2 * kBoxInset;
+    const double boxHeight = inner.height + 2 * kBoxInset;
+    const double controls = kEdge + kLabelWidth + kLabelGap;
+
+    WindowLayout layout;
+    layout.content.width = boxWidth + 2 * kEdge;
+    const double right = layout.content.width - kEdge;
+
+    double y = kEdge;
+    layout.print = {right - kButtonWidth, y, kButtonWidth, kButtonHeight};
+    layout.cancel = {right - 2 * kButtonWidth - kLabelGap, y, kButtonWidth, kButtonHeight};
+
+    y += kButtonHeight + kRowGap;
+    layout.message = {kEdge, y, boxWidth, kMessageHeight};
+
+    y += kMessageHeight + kMessageGap;
+    layout.box = {kEdge, y, boxWidth, boxHeight};
+    // A pane smaller than the room sits at the top left, where the eye begins.
+    layout.pane = {kEdge + kBoxInset, y + kBoxInset + (inner.height - pane.height), pane.width,
+                   pane.height};
+
+    y += boxHeight + kRowGap + 4;
+    layout.chooser = {(layout.content.width - kChooserWidth) / 2, y, kChooserWidth, kRow};
+
+    y += kRow + kRowGap + 6;
+    layout.copiesLabel = labelBeside(y);
+    layout.copiesField = {controls, y + 1, kCopiesWidth, kRow - 2};
+    layout.copiesStepper = {controls + kCopiesWidth + 4, y, kStepperWidth, kRow};
+
+    y += kRow + kRowGap;
+    layout.tapeLabel = labelBeside(y);
+    layout.tapePopUp = {controls, y, kPopUpWidth, kRow};
+
+    y += kRow + kRowGap;
+    layout.printerLabel = labelBeside(y);
+    layout.printerPopUp = {controls, y, kPopUpWidth, kRow};
+
+    layout.content.height = y + kRow + kEdge;
+    return layout;
+}
+
+} // namespace dialog

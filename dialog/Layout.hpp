@@ -1,0 +1,41 @@
+// Layout.hpp - where everything in the window goes.
+//
+// Points; the origin is the lower left corner of the window's content, y grows upwards.  The panel
+// decides the size, the rest arranges itself around it.  Plain C++.
+#pragma once
+
+namespace dialog {
+
+struct Size
+{
+    double width = 0;
+    double height = 0;
+};
+
+struct Frame
+{
+    double x = 0;
+    double y = 0;
+    double width = 0;
+    double height = 0;
+
+    bool operator==(const Frame&) const = default;
+};
+
+struct WindowLayout
+{
+    Size content;
+    Frame printerLabel, printerPopUp;
+    Frame tapeLabel, tapePopUp;
+    Frame copiesLabel, copiesField, copiesStepper;
+    Frame chooser;
+    Frame box;  // the frame around the pane
+    Frame pane; // the panel's view or the summary, inside the content
+    Frame message;
+    Frame cancel, print;
+};
+
+// `pane` is the size the panel's view asks for; the window is never narrower than its own rows.
+WindowLayout layOut(Size pane) noexcept;
+
+} // namespace dialog

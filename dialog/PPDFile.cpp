@@ -1,0 +1,210 @@
+#include "dialog/PPDFile.hpp"
+
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace dialog {
+
+namespace {
+
+class Descriptor
+{
+  public:
+    explicit Descriptor(int number) noexcept : number_(number) {}
+    ~Descriptor()
+    {
+        if (number_ >= 0) {
+            close(number_);
+        }
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    int get() const noexcept { return number_; }
+    int release() noexcept { return std::exchange(number_, -1); }
+
+  private:
+    int number_;
+};
+
+bool writeAll(int descriptor, std::string_view bytes) noexcept
+{
+    while (!bytes.empty()) {
+        const ssize_t written = write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) {
+            continue;
+        }
+        if (written <= 0) {
+            return false;
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+// What checkPPD looked for in the text, asked of the record that libcups made of it.
+bool customSizeIsALength(ppd_file_t* record) noexcept
+{
+    ppd_coption_t* const option = ppdFindCustomOption(record, "PageSize");
+    if (option == nullptr) {
+        return true;
+    }
+    for (const char* name : {"Width", "Height"}) {
+        const ppd_cparam_t* const parameter = ppdFindCustomParam(option, name);
+        if (parameter != nullptr && parameter->type != PPD_CUSTOM_POINTS) {
+            return false;
+        }
+    }
+    return true;
+}
+
+const ppd_choice_t* findChoice(const ppd_option_t& option, const std::string& keyword) noexcept
+{
+    for (int i = 0; i < option.num_choices; ++i) {
+        if (keyword == option.choices[i].choice) {
+            return &option.choices[i];
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+PPDFile::~PPDFile()
+{
+    if (record_ != nullptr) {
+        ppdClose(record_);
+    }
+}
+
+PPDFile::PPDFile(PPDFile&& other) noexcept : record_(std::exchange(other.record_, nullptr)) {}
+
+PPDFile& PPDFile::operator=(PPDFile&& other) noexcept
+{
+    std::swap(record_, other.record_);
+    return *this;
+}
+
+PPDFile PPDFile::fromBytes(std::string_view name, std::string_view bytes, Failure& failure)
+{
+    const PPDCheckResult found = checkPPD(bytes);
+    if (found.fault != PPDFault::None) {
+        failure = ppdRefused(name, found);
+        return {};
+    }
+    // libcups reads exactly the bytes that were looked at, whatever becomes of the file meanwhile.
+    Descriptor memory(memfd_create("ppd", MFD_CLOEXEC));
+    if (memory.get() < 0 || !writeAll(memory.get(), bytes) ||
+        lseek(memory.get(), 0, SEEK_SET) != 0) {
+        failure = ppdNotReadable(name, std::strerror(errno));
+        return {};
+    }
+    PPDFile file(ppdOpenFd(memory.release()));
+    if (file.record_ == nullptr) {
+        int line = 0;
+        const ppd_status_t status = ppdLastError(&line);
+        failure = ppdDamaged(name, line, ppdErrorString(status));
+        return {};
+    }
+    if (!customSizeIsALength(file.record_)) {
+        failure = ppdRefused(name, {PPDFault::CustomSizeNotALength, 0});
+        return {};
+    }
+    ppdMarkDefaults(file.record_);
+    return file;
+}
+
+PPDFile PPDFile::fromPath(const std::string& path, Failure& failure)
+{
+    // Without waiting: a named pipe would hold the window up for ever.
+    Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    struct stat information = {};
+    if (file.get() < 0 || fstat(file.get(), &information) != 0) {
+        failure = ppdNotReadable(path, std::strerror(errno));
+        return {};
+    }
+    if (!S_ISREG(information.st_mode)) {
+        failure = ppdNotReadable(path, "it is not a regular file");
+        return {};
+    }
+    std::string bytes;
+    char buffer[65536];
+    while (bytes.size() <= kMaxPPDBytes) {
+        const ssize_t got = read(file.get(), buffer, sizeof buffer);
+        if (got < 0 && errno == EINTR) {
+            continue;
+        }
+        if (got < 0) {
+            failure = ppdNotReadable(path, std::strerror(errno));
+            return {};
+        }
+        if (got == 0) {
+            break;
+        }
+        bytes.append(buffer, static_cast<std::size_t>(got));
+    }
+    return fromBytes(path, bytes, failure);
+}
+
+bool PPDFile::mark(const std::string& keyword, const std::string& choice)
+{
+    if (record_ == nullptr) {
+        return false;
+    }
+    const ppd_option_t* const option = ppdFindOption(record_, keyword.c_str());
+    if (option == nullptr || findChoice(*option, choice) == nullptr) {
+        return false;
+    }
+    ppdMarkOption(record_, option->keyword, choice.c_str());
+    return true;
+}
+
+std::string PPDFile::marked(const std::string& keyword) const
+{
+    const ppd_choice_t* const choice =
+        record_ == nullptr ? nullptr : ppdFindMarkedChoice(record_, keyword.c_str());
+    return choice == nullptr ? std::string() : std::string(choice->choice);
+}
+
+bool PPDFile::setDefault(const std::string& keyword, std::string_view choice)
+{
+    ppd_option_t* const option =
+        record_ == nullptr ? nullptr : ppdFindOption(record_, keyword.c_str());
+    if (option == nullptr || choice.size() >= sizeof option->defchoice) {
+        return false;
+    }
+    std::memcpy(option->defchoice, choice.data(), choice.size());
+    option->defchoice[choice.size()] = '\0';
+    return true;
+}
+
+std::vector<PPDFile::Size> PPDFile::sizes() const
+{
+    std::vector<Size> result;
+    const ppd_option_t* const option =
+        record_ == nullptr ? nullptr : ppdFindOption(record_, "PageSize");
+    if (option == nullptr) {
+        return result;
+    }
+    result.reserve(static_cast<std::size_t>(option->num_choices));
+    for (int i = 0; i < option->num_choices; ++i) {
+        const ppd_choice_t& choice = option->choices[i];
+        // The custom size has no dimensions of its own to choose.
+        if (std::string_view(choice.choice) != "Custom") {
+            result.push_back({choice.choice, choice.text});
+        }
+    }
+    return result;
+}
+
+std::string PPDFile::modelName() const
+{
+    return record_ == nullptr || record_->nickname == nullptr ? std::string() : record_->nickname;
+}
+
+} // namespace dialog

@@ -1,0 +1,172 @@
+#include "dialog/PanelHost.h"
+
+#include "dialog/Text.h"
+#include "dialog/WantedLength.hpp"
+#include "platform/PrintingHost.hpp"
+
+namespace dialog {
+
+struct HostState
+{
+    HostState(const std::string& name, const std::string& uri, PPDFile file,
+              const WantedOptions& options)
+        : ppd(std::move(file)), printer(name, uri), wanted(options)
+    {
+    }
+
+    bool setPaper(const std::string& name);
+    void takeWantedLengths();
+    void applyWanted();
+
+    PPDFile ppd;
+    printing::Printer printer;
+    printing::PageFormat pageFormat;
+    printing::PrintSettings printSettings;
+    printing::PrintSession printSession;
+    JobOptions options;
+    WantedOptions wanted;
+};
+
+bool HostState::setPaper(const std::string& name)
+{
+    if (ppd.record() == nullptr) {
+        return false;
+    }
+    for (const printing::Paper& paper : printing::papersFromPPD(*ppd.record())) {
+        if (paper.ppdName == name) {
+            ppd.mark("PageSize", name);
+            pageFormat.setPaper(paper);
+            return true;
+        }
+    }
+    return false;
+}
+
+void HostState::takeWantedLengths()
+{
+    for (const auto& [keyword, choice] : wanted) {
+        const std::optional<double> length = parseMillimetres(choice);
+        if (!length) {
+            continue;
+        }
+        if (keyword == kMarginOption) {
+            ppd.setDefault(keyword, choice);
+        } else if (keyword == kTapeLengthOption && pageFormat.paper()) {
+            printing::Paper paper = *pageFormat.paper();
+            paper.heightPoints = paperPoints(*length);
+            pageFormat.setPaper(paper);
+        }
+    }
+}
+
+void HostState::applyWanted()
+{
+    for (const auto& [keyword, choice] : wanted) {
+        const bool known =
+            ppd.record() != nullptr && ppdFindOption(ppd.record(), keyword.c_str()) != nullptr;
+        if (ppd.mark(keyword, choice) || (!known && keyword != kTapeLengthOption)) {
+            options.set(keyword, choice);
+        }
+    }
+}
+
+} // namespace dialog
+
+@implementation PanelHost
+
+- (id)initWithPrinter:(const std::string&)name
+            deviceURI:(const std::string&)uri
+                  ppd:(dialog::PPDFile)ppd
+                paper:(const std::string&)paper
+               wanted:(const dialog::WantedOptions&)wanted
+{
+    self = [super init];
+    if (self != nil) {
+        state_ = std::make_unique<dialog::HostState>(name, uri, std::move(ppd), wanted);
+        if (paper.empty() || !state_->setPaper(paper)) {
+            const std::string marked = state_->ppd.marked("PageSize");
+            const auto sizes = state_->ppd.sizes();
+            if (!state_->setPaper(marked) && !sizes.empty()) {
+                state_->setPaper(sizes.front().name);
+            }
+        }
+        state_->takeWantedLengths();
+    }
+    return self;
+}
+
+- (void)setDelegate:(id<PanelHostDelegate>)delegate
+{
+    delegate_ = delegate;
+}
+
+- (const dialog::PPDFile&)ppd
+{
+    return state_->ppd;
+}
+
+- (const dialog::JobOptions&)options
+{
+    return state_->options;
+}
+
+- (std::string)paperName
+{
+    const auto& paper = state_->pageFormat.paper();
+    return paper ? paper->ppdName : std::string();
+}
+
+- (void)applyWanted
+{
+    state_->applyWanted();
+}
+
+- (BOOL)choosePaper:(const std::string&)paper
+{
+    return state_->setPaper(paper);
+}
+
+- (PMPrintSession)printSession
+{
+    return state_->printSession.handle();
+}
+
+- (PMPrintSettings)printSettings
+{
+    return state_->printSettings.handle();
+}
+
+- (PMPageFormat)pageFormat
+{
+    return state_->pageFormat.handle();
+}
+
+- (PMPrinter)PMPrinter
+{
+    return state_->printer.handle();
+}
+
+- (ppd_file_t*)ppdFile
+{
+    return state_->ppd.record();
+}
+
+// Marked at once: the panel reads the mark back straight away.  A number that the PPD does not
+// list cannot be marked and is kept for the job alone.
+- (void)willChangePPDOptionKeyValue:(NSString*)key ppdChoice:(NSString*)choice
+{
+    const std::string keyword = dialog::toString(key);
+    const std::string value = dialog::toString(choice);
+    if (keyword.empty() || value.empty()) {
+        return;
+    }
+    state_->ppd.mark(keyword, value);
+    state_->options.set(keyword, value);
+}
+
+- (void)panelViewDidResize
+{
+    [delegate_ panelViewDidResize];
+}
+
+@end

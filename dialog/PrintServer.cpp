@@ -1,0 +1,281 @@
+#include "dialog/PrintServer.hpp"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <optional>
+
+#include <cups/cups.h>
+#include <cups/ppd.h>
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace dialog {
+
+namespace {
+
+constexpr int kConnectMilliseconds = 3000;
+constexpr double kSilenceSeconds = 10;
+
+int giveUp(http_t*, void*)
+{
+    return 0;
+}
+
+struct CloseConnection
+{
+    void operator()(http_t* connection) const noexcept { httpClose(connection); }
+};
+using Connection = std::unique_ptr<http_t, CloseConnection>;
+
+struct DeleteMessage
+{
+    void operator()(ipp_t* message) const noexcept { ippDelete(message); }
+};
+using Message = std::unique_ptr<ipp_t, DeleteMessage>;
+
+struct CloseFile
+{
+    void operator()(std::FILE* file) const noexcept { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+class OptionArray
+{
+  public:
+    OptionArray() = default;
+    ~OptionArray() { cupsFreeOptions(count_, options_); }
+    OptionArray(const OptionArray&) = delete;
+    OptionArray& operator=(const OptionArray&) = delete;
+    void add(const JobOption& option)
+    {
+        count_ = cupsAddOption(option.keyword.c_str(), option.choice.c_str(), count_, &options_);
+    }
+    int count() const noexcept { return count_; }
+    cups_option_t* get() const noexcept { return options_; }
+
+  private:
+    int count_ = 0;
+    cups_option_t* options_ = nullptr;
+};
+
+Connection connectToServer(Failure& failure)
+{
+    Connection connection(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC,
+                                       cupsEncryption(), 1, kConnectMilliseconds, nullptr));
+    if (!connection) {
+        failure = serverSilent(cupsServer(), {});
+        return connection;
+    }
+    httpSetTimeout(connection.get(), kSilenceSeconds, giveUp, nullptr);
+    return connection;
+}
+
+std::string textOf(ipp_attribute_t* attribute)
+{
+    const char* const text = ippGetString(attribute, 0, nullptr);
+    return text == nullptr ? std::string() : std::string(text);
+}
+
+bool isRaw(std::string_view makeAndModel) noexcept
+{
+    return makeAndModel.ends_with(" Raw Printer");
+}
+
+std::string defaultQueue(http_t* connection)
+{
+    Message request(ippNewRequest(IPP_OP_CUPS_GET_DEFAULT));
+    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
+                 "printer-name");
+    const Message response(cupsDoRequest(connection, request.release(), "/"));
+    return textOf(ippFindAttribute(response.get(), "printer-name", IPP_TAG_NAME));
+}
+
+} // namespace
+
+std::string ppdResource(std::string_view queue)
+{
+    constexpr std::string_view kPlain = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ"
+                                        "0123456789-_.~";
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    std::string path = "/printers/";
+    for (const char byte : queue) {
+        if (kPlain.find(byte) != kPlain.npos) {
+            path += byte;
+        } else {
+            const auto code = static_cast<unsigned char>(byte);
+            path += '%';
+            path += kDigits[code >> 4];
+            path += kDigits[code & 15];
+        }
+    }
+    return path + ".ppd";
+}
+
+QueueList listQueues()
+{
+    QueueList list;
+    const Connection connection = connectToServer(list.failure);
+    if (!connection) {
+        return list;
+    }
+    static const char* const kWanted[] = {"printer-name", "printer-info", "device-uri",
+                                          "printer-make-and-model"};
+    Message request(ippNewRequest(IPP_OP_CUPS_GET_PRINTERS));
+    ippAddStrings(request.get(), IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", 4,
+                  nullptr, kWanted);
+    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
+                 cupsUser());
+    const Message response(cupsDoRequest(connection.get(), request.release(), "/"));
+    const ipp_status_t status = cupsLastError();
+    if (status == IPP_STATUS_ERROR_NOT_FOUND) {
+        return list; // a server without a single queue
+    }
+    if (!response || status > IPP_STATUS_OK_CONFLICTING) {
+        list.failure = serverSilent(cupsServer(), cupsLastErrorString());
+        return list;
+    }
+    std::optional<Queue> queue;
+    bool raw = false;
+    const auto finish = [&] {
+        if (queue && !queue->name.empty() && !raw) {
+            list.queues.push_back(std::move(*queue));
+        }
+        queue.reset();
+        raw = false;
+    };
+    for (ipp_attribute_t* attribute = ippFirstAttribute(response.get()); attribute != nullptr;
+         attribute = ippNextAttribute(response.get())) {
+        const char* const name = ippGetName(attribute);
+        if (ippGetGroupTag(attribute) != IPP_TAG_PRINTER || name == nullptr) {
+            finish();
+            continue;
+        }
+        if (!queue) {
+            queue.emplace();
+        }
+        const std::string_view known = name;
+        if (known == "printer-name") {
+            queue->name = textOf(attribute);
+        } else if (known == "printer-info") {
+            queue->info = textOf(attribute);
+        } else if (known == "device-uri") {
+            queue->deviceURI = textOf(attribute);
+        } else if (known == "printer-make-and-model") {
+            raw = isRaw(textOf(attribute));
+        }
+    }
+    finish();
+
+    const std::string first = defaultQueue(connection.get());
+    for (std::size_t i = 1; i < list.queues.size(); ++i) {
+        if (list.queues[i].name == first) {
+            std::swap(list.queues[0], list.queues[i]);
+            break;
+        }
+    }
+    return list;
+}
+
+std::string fetchPPD(const std::string& queue, Failure& failure)
+{
+    const Connection connection = connectToServer(failure);
+    if (!connection) {
+        return {};
+    }
+    const int memory = memfd_create("ppd", MFD_CLOEXEC);
+    if (memory < 0) {
+        failure = printerWithoutPPD(queue, std::strerror(errno));
+        return {};
+    }
+    const File file(fdopen(memory, "r+b"));
+    const http_status_t status = cupsGetFd(connection.get(), ppdResource(queue).c_str(), memory);
+    if (status != HTTP_STATUS_OK) {
+        failure = status == HTTP_STATUS_ERROR ? serverSilent(cupsServer(), {})
+                                              : printerWithoutPPD(queue, httpStatus(status));
+        return {};
+    }
+    std::string bytes;
+    char buffer[65536];
+    std::rewind(file.get());
+    // One byte more than may be used is enough to see that there is too much.
+    while (bytes.size() <= kMaxPPDBytes) {
+        const std::size_t got = std::fread(buffer, 1, sizeof buffer, file.get());
+        if (got == 0) {
+            break;
+        }
+        bytes.append(buffer, got);
+    }
+    if (bytes.empty()) {
+        failure = printerWithoutPPD(queue, "the server sent an empty file");
+    }
+    return bytes;
+}
+
+SentJob sendJob(const std::string& queue, const std::string& title,
+                const std::vector<JobOption>& options, const std::string& documentPath,
+                const std::string& documentName)
+{
+    SentJob sent;
+    const int descriptor = open(documentPath.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    struct stat information = {};
+    if (descriptor < 0 || fstat(descriptor, &information) != 0) {
+        sent.failure = documentNotReadable(documentPath, std::strerror(errno));
+        if (descriptor >= 0) {
+            close(descriptor);
+        }
+        return sent;
+    }
+    const File document(fdopen(descriptor, "rb"));
+    if (!S_ISREG(information.st_mode)) {
+        sent.failure = documentNotReadable(documentPath, "it is not a regular file");
+        return sent;
+    }
+    const Connection connection = connectToServer(sent.failure);
+    if (!connection) {
+        return sent;
+    }
+    OptionArray array;
+    for (const JobOption& option : options) {
+        array.add(option);
+    }
+    const int job =
+        cupsCreateJob(connection.get(), queue.c_str(), title.c_str(), array.count(), array.get());
+    if (job == 0) {
+        sent.failure = jobRefused(queue, cupsLastErrorString());
+        return sent;
+    }
+    http_status_t status = cupsStartDocument(connection.get(), queue.c_str(), job,
+                                             documentName.c_str(), CUPS_FORMAT_AUTO, 1);
+    bool readable = true;
+    char buffer[65536];
+    while (status == HTTP_STATUS_CONTINUE) {
+        const std::size_t got = std::fread(buffer, 1, sizeof buffer, document.get());
+        if (got == 0) {
+            readable = std::ferror(document.get()) == 0;
+            break;
+        }
+        status = cupsWriteRequestData(connection.get(), buffer, got);
+    }
+    const bool whole = readable && status == HTTP_STATUS_CONTINUE;
+    if (!whole) {
+        sent.failure = readable ? jobRefused(queue, cupsLastErrorString())
+                                : documentNotReadable(documentPath, "reading stopped early");
+    }
+    const ipp_status_t finished = cupsFinishDocument(connection.get(), queue.c_str());
+    if (whole && finished <= IPP_STATUS_OK_CONFLICTING) {
+        sent.id = job;
+        return sent;
+    }
+    if (whole) {
+        sent.failure = jobRefused(queue, cupsLastErrorString());
+    }
+    cupsCancelJob2(connection.get(), queue.c_str(), job, 1);
+    return sent;
+}
+
+} // namespace dialog

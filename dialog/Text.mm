@@ -1,0 +1,25 @@
+#include "dialog/Text.h"
+
+namespace dialog {
+
+NSString* toNSString(std::string_view text)
+{
+    for (const NSStringEncoding encoding : {NSUTF8StringEncoding, NSISOLatin1StringEncoding}) {
+        NSString* const string = [[NSString alloc] initWithBytes:text.data() length:text.size()
+                                                        encoding:encoding];
+        if (string != nil) {
+            return [string autorelease];
+        }
+    }
+    return @"";
+}
+
+std::string toString(NSString* text)
+{
+    NSData* const bytes = [text dataUsingEncoding:NSUTF8StringEncoding allowLossyConversion:NO];
+    return bytes == nil ? std::string()
+                        : std::string(static_cast<const char*>([bytes bytes]),
+                                      static_cast<std::size_t>([bytes length]));
+}
+
+} // namespace dialog

@@ -1,0 +1,74 @@
+// tape-print: the print dialog for label-tape printers.
+
+#include "dialog/CommandLine.hpp"
+#include "dialog/DialogController.h"
+#include "dialog/ExitStatus.hpp"
+#include "dialog/Messages.hpp"
+
+#include <AppKit/AppKit.h>
+
+#include <cstdio>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+int statusNumber(dialog::ExitStatus status)
+{
+    return static_cast<int>(status);
+}
+
+// nil when the window server does not answer.
+NSApplication* openApplication()
+{
+    @try {
+        return [NSApplication sharedApplication];
+    } @catch (NSException*) {
+        return nil;
+    }
+}
+
+dialog::ExitStatus run(const dialog::CommandLine& line)
+{
+    NSApplication* const application = openApplication();
+    if (application == nil) {
+        const dialog::Failure failure = dialog::noDisplay();
+        std::fprintf(stderr, "tape-print: %s\n", failure.text.c_str());
+        return failure.status;
+    }
+    DialogController* const controller = [[DialogController alloc] initWithCommandLine:line];
+    [application setDelegate:(id)controller];
+    [application run];
+    const dialog::ExitStatus status = [controller status];
+    [application setDelegate:nil];
+    [controller release];
+    return status;
+}
+
+} // namespace
+
+int main(int argc, char** argv, char** environment)
+{
+    std::vector<std::string_view> words(argv + (argc > 0 ? 1 : 0), argv + argc);
+    const dialog::CommandLine line = dialog::parseCommandLine(words);
+    if (!line.error.empty()) {
+        std::fprintf(stderr, "tape-print: %s\nTry \"tape-print --help\".\n", line.error.c_str());
+        return statusNumber(dialog::ExitStatus::CommandLine);
+    }
+    if (line.help) {
+        std::fwrite(dialog::helpText().data(), 1, dialog::helpText().size(), stdout);
+        return statusNumber(dialog::ExitStatus::Printed);
+    }
+    if (line.version) {
+        std::puts("tape-print " TAPE_PRINT_VERSION);
+        return statusNumber(dialog::ExitStatus::Printed);
+    }
+
+    NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
+    // The toolkit takes every plain word for a file to open and every -word for a default.
+    [NSProcessInfo initializeWithArguments:argv count:1 environment:environment];
+    [[NSUserDefaults standardUserDefaults] registerDefaults:@{@"GSSuppressAppIcon" : @"YES"}];
+    const dialog::ExitStatus status = run(line);
+    [pool drain];
+    return statusNumber(status);
+}
