@@ -257,6 +257,42 @@ TEST(LengthControls, KeepALengthOutsideTheLimitsUntilItIsChecked)
     EXPECT_EQ(shown.length(), "20.0");
 }
 
+TEST(LengthControls, FollowThePaperWhenFilledAgain)
+{
+    ShownPanel shown(usbDialog(labelPrinter()));
+    for (const bool label : {true, false}) {
+        shown.dialog.format.setPaper(label ? paperOf(29.9, "DC62") : paperOf(62));
+        [shown.get() initializeUI_Length];
+        EXPECT_EQ([shown.get() getTapeState], label ? 1 : 0);
+        EXPECT_EQ(shown.length(), label ? "29.9" : "62.0");
+        EXPECT_EQ(shown.ivar<float>("choice_PaperSize"), label ? 29.9f : 62.0f);
+        EXPECT_FLOAT_EQ([shown.slider("mLengthSlider") floatValue], label ? 29.9f : 62.0f);
+        EXPECT_EQ([shown.field("mLengthTxFld") isEnabled], !label);
+        EXPECT_EQ([shown.slider("mLengthSlider") isEnabled], !label);
+        for (const char* name : {"mLengthStr", "mLengthMinStr", "mLengthMaxStr"})
+            EXPECT_EQ(shown.isGrey(name), label) << name;
+        EXPECT_EQ([shown.field("mMarginTxFld") isEnabled], label) << "not the margin's yet";
+        [shown.get() initializeUI_Margin];
+        EXPECT_EQ([shown.field("mMarginTxFld") isEnabled], !label);
+        EXPECT_EQ([shown.slider("mMarginSlider") isEnabled], !label);
+        for (const char* name :
+             {"mMarginStr", "mMarginMinStr", "mMarginMaxStr", "mMarginUnitStr", "mLengthUnitStr"})
+            EXPECT_EQ(shown.isGrey(name), label) << name;
+    }
+    EXPECT_EQ(shown.takeChanges(), Texts{});
+}
+
+TEST(LengthControls, AreCheckedQuietlyWhenFilledAgain)
+{
+    ShownPanel shown(usbDialog(labelPrinter()));
+    shown.setMargin("20");
+    shown.dialog.format.setPaper(paperOf(30));
+    [shown.get() initializeUI_Length];
+    EXPECT_EQ(shown.length(), "40.1");
+    EXPECT_EQ(shown.ivar<float>("choice_PaperSize"), 30.0f);
+    EXPECT_EQ(takeAlerts(), Texts{});
+}
+
 TEST(LengthControls, TakeDigitsAndAPointOnly)
 {
     ShownPanel shown(usbDialog(labelPrinter()));

@@ -85,13 +85,13 @@ TEST(AChangeElsewhere, OfTheMarginChangesNothing)
 TEST(AChangeElsewhere, WithoutAKeywordOrAChoiceChangesNothing)
 {
     ShownPanel shown(usbDialog(labelPrinter(everyOption())));
-    [shown.get() updateMarkedSelections:-1];
     for (const Group& group : kGroups) {
-        const id before = shown.ivar<id>(group.selection);
-        ASSERT_NE(before, nil);
-        [shown.get() PPDOptionKeyValueDidChange:string(group.option) ppdChoice:nil];
-        [shown.get() PPDOptionKeyValueDidChange:nil ppdChoice:string(group.other)];
-        EXPECT_EQ(shown.ivar<id>(group.selection), before);
+        NSString* const option = string(group.option);
+        [shown.get() PPDOptionKeyValueDidChange:option ppdChoice:string(group.other)];
+        [shown.get() PPDOptionKeyValueDidChange:option ppdChoice:nil];
+        EXPECT_EQ(selected(shown, group), group.other) << "not the default";
+        [shown.get() PPDOptionKeyValueDidChange:nil ppdChoice:@"Off"];
+        EXPECT_EQ(selected(shown, group), group.other);
     }
 }
 

@@ -521,6 +521,18 @@ TEST(SavingChoices, WritesNothingOfAnOptionWithoutChoices)
     EXPECT_TRUE([shown.get() shouldPrint]);
 }
 
+TEST(SavingChoices, WritesNothingForAKeywordThatIsNotText)
+{
+    ShownPanel shown(usbDialog(labelPrinter()));
+    std::strcpy(shown.dialog.option("VnPriority")->choices[0].choice, "\xff");
+    std::strcpy(shown.dialog.option("VnCompress")->keyword, "\xff");
+    std::strcpy(shown.dialog.option("VnMargin")->keyword, "\xff");
+    [shown.get() saveSetting_Quality];
+    [shown.get() saveSetting_Compress];
+    [shown.get() saveSetting_Margin];
+    EXPECT_EQ(shown.takeChanges(), Texts{});
+}
+
 TEST(SavingChoices, WritesNothingOfAnOptionThatThePPDLacks)
 {
     Offer offer;
