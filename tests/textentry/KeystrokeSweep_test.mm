@@ -192,7 +192,7 @@ class Generator
     Setting setting()
     {
         Setting result;
-        result.style = oneIn(3) ? (oneIn(2) ? 2 : 4) : below(17) - 2;
+        result.style = oneIn(2) ? (oneIn(2) ? 2 : 4) : below(17) - 2;
         result.maxLength = oneIn(2) ? 0 : below(8) - 1;
         if (oneIn(2))
             result.maximum = below(2000) - 20;
@@ -227,6 +227,12 @@ class Generator
     std::mt19937 engine_{kSeed};
 };
 
+int32_t nearTo(long value, Generator& generator)
+{
+    return static_cast<int32_t>(
+        std::clamp(value + generator.below(3) - 1, -2147483648L, 2147483647L));
+}
+
 } // namespace
 
 TEST(KeystrokeSweep, AgreesWithASecondComputationOnThirtyThousandKeystrokes)
@@ -238,8 +244,12 @@ TEST(KeystrokeSweep, AgreesWithASecondComputationOnThirtyThousandKeystrokes)
 
     for (int i = 0; i < kCases && !testing::Test::HasFailure(); ++i) {
         const ScopedPool pool;
-        const Setting setting = generator.setting();
+        Setting setting = generator.setting();
         const Edit edit = generator.edit();
+        if (setting.maximum && generator.oneIn(2)) // exactly on the limit, or one beside it
+            setting.maximum = nearTo(valueOf(edit.proposed), generator);
+        if (setting.minimum && generator.oneIn(2))
+            setting.minimum = nearTo(valueOf(edit.proposed), generator);
         const Expected expected = expect(setting, edit);
 
         PDEFormatter* formatter = formatterWithStyle(setting.style);

@@ -203,7 +203,9 @@ TEST(Formatter, IsCopiedWithAllItHolds)
     [formatter setMaxLength:5];
     [formatter setMaxValue:100];
     [formatter setMinValue:4];
-    [formatter setNotificationObject:@"someone"];
+    id object = [[[NSObject alloc] init] autorelease];
+    [formatter setNotificationObject:object];
+    const NSUInteger held = [object retainCount];
     [formatter addInvalidCharacter:@"7"];
     [formatter setCalendarDate:aDate()];
     PDEFormatter* copy = [formatter copy];
@@ -215,11 +217,13 @@ TEST(Formatter, IsCopiedWithAllItHolds)
     EXPECT_EQ([copy minValue], 4);
     EXPECT_TRUE([copy isValidityMaxValue]);
     EXPECT_TRUE([copy isValidityMinValue]);
-    EXPECT_TRUE([[copy notificationObject] isEqual:@"someone"]);
+    EXPECT_EQ([copy notificationObject], object);
+    EXPECT_EQ([object retainCount], held + 1);
     EXPECT_TRUE([copy isInvalidCharacter:@"7"]);
     EXPECT_TRUE([[copy calendarDate] isEqual:aDate()]);
     [copy release];
-    EXPECT_TRUE([[formatter notificationObject] isEqual:@"someone"]);
+    EXPECT_EQ([formatter notificationObject], object);
+    EXPECT_EQ([object retainCount], held);
 }
 
 // The list of invalid strings.
