@@ -4,6 +4,8 @@
 #include "dialog/DialogController.h"
 #include "dialog/ExitStatus.hpp"
 #include "dialog/Messages.hpp"
+#include "dialog/theme/DesktopSettings.hpp"
+#include "dialog/theme/TapeTheme.h"
 
 #include <AppKit/AppKit.h>
 
@@ -36,6 +38,7 @@ dialog::ExitStatus run(const dialog::CommandLine& line)
         std::fprintf(stderr, "tape-print: %s\n", failure.text.c_str());
         return failure.status;
     }
+    dialog::useTheme(dialog::appearanceOnThisDesktop(dialog::WantedAppearance::Auto));
     DialogController* const controller = [[DialogController alloc] initWithCommandLine:line];
     [application setDelegate:(id)controller];
     [application run];

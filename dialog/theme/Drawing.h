@@ -1,0 +1,48 @@
+// Drawing.h - shapes whose edges fall on whole pixels at any scale.
+#pragma once
+
+#include "dialog/theme/Palette.hpp"
+
+#include <AppKit/AppKit.h>
+
+#include <cstdint>
+
+namespace dialog {
+
+enum class Direction : std::uint8_t
+{
+    Up,
+    Down,
+    Left,
+    Right,
+};
+
+// Pixels in a point of the view; 1 without a window.
+CGFloat pixelsPerPoint(NSView* view);
+
+// The width of a thin line in the view.
+CGFloat thinLine(NSView* view);
+
+// The rectangle with its edges moved to the nearest whole pixels.
+NSRect onPixels(NSRect rect, NSView* view);
+
+void fillRect(NSRect rect, Role role);
+void fillRounded(NSRect rect, CGFloat radius, Role role);
+void fillCircle(NSPoint center, CGFloat diameter, Role role);
+
+// The border lies inside of `rect`.
+void fillBordered(NSRect rect, CGFloat radius, CGFloat border, Role fill, Role line);
+
+// Only the line, inside of `rect`.
+void strokeInside(NSRect rect, CGFloat radius, CGFloat width, Role line);
+
+// A "v" around `center`, `span` wide; `flipped` says whether y grows downwards.
+void drawChevron(NSPoint center, CGFloat span, Direction direction, BOOL flipped, Role role);
+
+// A check mark that fills a square of `side` around `center`.
+void drawCheckMark(NSPoint center, CGFloat side, BOOL flipped, Role role);
+
+// One line of text, vertically in the middle, cut at the end with an ellipsis.
+void drawLine(NSString* text, NSRect rect, NSFont* font, Role role);
+
+} // namespace dialog
