@@ -2,6 +2,9 @@
 
 #include "pagesettings/DisplayText.hpp"
 
+#include <cmath>
+#include <limits>
+
 namespace pagesettings {
 
 ShownPaper shownPaper(double paperMillimetres, float lastShown, float fieldValue,
@@ -45,6 +48,15 @@ double marginOfDefault(double defaultMillimetres, const PanelRules& rules) noexc
     return millimetresShown(leadingDouble(shown.view()), rules.unit);
 }
 
+static bool isLessThanATenthAbove(float minimum, float margin) noexcept
+{
+    // One step of single precision lower, for 0.6 + 0.1 lies a step above 0.7 there, and a margin
+    // of exactly a tenth more is the user's own.
+    const float tenthAbove =
+        std::nextafter(narrowed(minimum + 0.1), -std::numeric_limits<float>::infinity());
+    return tenthAbove > margin;
+}
+
 NumberText savedMarginText(double millimetres, std::int32_t tapeState,
                            const PanelRules& rules) noexcept
 {
@@ -52,7 +64,7 @@ NumberText savedMarginText(double millimetres, std::int32_t tapeState,
     double margin = millimetres;
     // Compared and rounded in single precision, the limits' own: in double a limit of 2.2 mm would
     // be 2.2000000477 and come out as 2.3.
-    if (narrowed(minimum + 0.1) > narrowed(margin))
+    if (isLessThanATenthAbove(minimum, narrowed(margin)))
         margin = minimum;
     if (tapeState == tape::kContinuousTape)
         margin = clamped(margin, minimum, rules.limits.maxMargin);

@@ -2,6 +2,9 @@
 
 #include <ApplicationServices/ApplicationServices.h>
 
+#include <functional>
+#include <map>
+
 using namespace printing;
 
 namespace {
@@ -94,6 +97,20 @@ CFOwner<CFNumberRef> newPageNumber(std::uint32_t page)
     return CFOwner<CFNumberRef>(CFNumberCreate(kCFAllocatorDefault, kCFNumberSInt64Type, &wide));
 }
 
+// One URL for each text, kept for good: panels keep the copy they are given, and a dialog that is
+// opened a thousand times must not leave a thousand behind.
+CFURLRef urlForText(const std::string& text)
+{
+    static std::map<std::string, CFURLRef, std::less<>> urls;
+    if (const auto known = urls.find(text); known != urls.end())
+        return known->second;
+    const auto string = newString(text);
+    CFURLRef const url = CFURLCreateWithString(kCFAllocatorDefault, string.get(), nullptr);
+    if (url != nullptr)
+        urls.emplace(text, url);
+    return url;
+}
+
 } // namespace
 
 OSStatus PMPrinterCopyDeviceURI(PMPrinter printer, CFURLRef* uri)
@@ -107,9 +124,12 @@ OSStatus PMPrinterCopyDeviceURI(PMPrinter printer, CFURLRef* uri)
         return kPMInvalidParameter;
     if (record->deviceURI.empty())
         return kPMNoSuchEntry;
-    const auto text = newString(record->deviceURI);
-    *uri = CFURLCreateWithString(kCFAllocatorDefault, text.get(), nullptr);
-    return *uri != nullptr ? kPMNoError : kPMStringConversionFailure;
+    CFURLRef const url = urlForText(record->deviceURI);
+    if (url == nullptr)
+        return kPMStringConversionFailure;
+    CFRetain(url);
+    *uri = url;
+    return kPMNoError;
 }
 
 OSStatus PMGetPageFormatPaper(PMPageFormat pageFormat, PMPaper* paper)

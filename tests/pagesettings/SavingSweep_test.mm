@@ -16,7 +16,11 @@ std::string savedLength(const Printer& printer, double length, bool label)
 std::string savedMargin(const Printer& printer, double margin, bool label)
 {
     const float least = printer.leastMargin();
-    if (static_cast<float>(least + 0.1) > static_cast<float>(margin))
+    // In whole hundred-thousandths of a millimetre, where a tenth is exact; entries that large are
+    // beyond every tenth.
+    const bool huge = !(std::abs(margin) < 1e9 && std::abs(least) < 1e9);
+    if (huge ? least > static_cast<float>(margin)
+             : std::llround(margin * 1e5) < std::llround(least * 1e5) + 10000)
         margin = least;
     if (!label)
         margin = least > margin                  ? least

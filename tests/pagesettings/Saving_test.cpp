@@ -108,9 +108,9 @@ TEST(SavedMargin, SnapsLessThanATenthAboveTheMinimumToIt)
     EXPECT_EQ(savedMarginText(3.05, tape::kFixedLengthLabel, kDecimal).view(), "3.0");
 }
 
-TEST(SavedMargin, KeepsATenthAboveAMinimumOfWholeOrHalfMillimetres)
+TEST(SavedMargin, KeepsATenthAboveAnyMinimumOfOneDecimal)
 {
-    for (int tenths = 0; tenths <= 500; tenths += 5) {
+    for (int tenths = 0; tenths <= 500; ++tenths) {
         PanelRules rules = kDecimal;
         rules.limits.minMargin = static_cast<float>(tenths / 10.0);
         const NumberText above = oneDecimalText((tenths + 1) / 10.0);
