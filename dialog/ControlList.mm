@@ -88,7 +88,9 @@ void Listing::view(NSView* view) const
         NSControl* const control = (NSControl*)view;
         const bool isPopUp = [control isKindOfClass:[NSPopUpButton class]];
         const bool isButton = !isPopUp && [control isKindOfClass:[NSButton class]];
-        NSString* value = [control stringValue];
+        // Asking the control itself would end what is being typed.
+        NSText* const editor = [control currentEditor];
+        NSString* value = editor == nil ? [[control cell] stringValue] : [editor string];
         if (isPopUp) {
             value = [(NSPopUpButton*)control titleOfSelectedItem];
         } else if (isButton) {

@@ -122,7 +122,7 @@ std::string programFolder()
 - (void)report:(const dialog::Failure&)failure asStatus:(BOOL)counts
 {
     std::fprintf(stderr, "tape-print: %s\n", failure.text.c_str());
-    [window_ showMessage:dialog::toNSString(failure.text) isFailure:YES];
+    [window_ showMessage:dialog::toNSString(failure.text) isFailure:counts];
     if (counts) {
         status_ = failure.status;
     }

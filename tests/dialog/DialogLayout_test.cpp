@@ -1,0 +1,75 @@
+#include "dialog/Layout.hpp"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace dialog {
+namespace {
+
+bool overlap(const Frame& a, const Frame& b)
+{
+    return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height &&
+           b.y < a.y + a.height;
+}
+
+std::vector<Frame> outer(const WindowLayout& layout)
+{
+    return {layout.printerLabel, layout.printerPopUp, layout.tapeLabel,     layout.tapePopUp,
+            layout.copiesLabel,  layout.copiesField,  layout.copiesStepper, layout.chooser,
+            layout.box,          layout.message,      layout.cancel,        layout.print};
+}
+
+class EveryPaneSize : public testing::TestWithParam<Size>
+{
+};
+
+TEST_P(EveryPaneSize, LeavesNothingOverlappingOrOutsideTheWindow)
+{
+    const WindowLayout layout = layOut(GetParam());
+    const std::vector<Frame> frames = outer(layout);
+    for (std::size_t i = 0; i < frames.size(); ++i) {
+        EXPECT_GE(frames[i].x, 20) << i;
+        EXPECT_GE(frames[i].y, 20) << i;
+        EXPECT_LE(frames[i].x + frames[i].width, layout.content.width - 20) << i;
+        EXPECT_LE(frames[i].y + frames[i].height, layout.content.height - 20) << i;
+        for (std::size_t j = i + 1; j < frames.size(); ++j) {
+            EXPECT_FALSE(overlap(frames[i], frames[j])) << i << " and " << j;
+        }
+    }
+}
+
+TEST_P(EveryPaneSize, KeepsThePaneAtItsSizeInsideTheBox)
+{
+    const WindowLayout layout = layOut(GetParam());
+    EXPECT_EQ(layout.pane.width, GetParam().width);
+    EXPECT_EQ(layout.pane.height, GetParam().height);
+    EXPECT_GE(layout.pane.x, layout.box.x);
+    EXPECT_GE(layout.pane.y, layout.box.y);
+    EXPECT_LE(layout.pane.x + layout.pane.width, layout.box.x + layout.box.width);
+    // Twelve points below the box's upper edge, however small the pane.
+    EXPECT_EQ(layout.pane.y + layout.pane.height, layout.box.y + layout.box.height - 12);
+}
+
+INSTANTIATE_TEST_SUITE_P(Panes, EveryPaneSize,
+                         testing::Values(Size{520, 330}, Size{520, 120}, Size{0, 0}, Size{900, 700},
+                                         Size{300, 50}));
+
+TEST(WindowLayout, GrowsWithThePaneAndNeverBelowItsOwnRows)
+{
+    EXPECT_EQ(layOut({600, 400}).content.width - layOut({520, 400}).content.width, 80);
+    EXPECT_EQ(layOut({520, 400}).content.height - layOut({520, 330}).content.height, 70);
+    EXPECT_EQ(layOut({10, 10}).content.width, layOut({0, 0}).content.width);
+}
+
+TEST(WindowLayout, PutsPrintAtTheRightOfCancelOnOneLine)
+{
+    const WindowLayout layout = layOut({520, 330});
+    EXPECT_EQ(layout.print.y, layout.cancel.y);
+    EXPECT_GT(layout.print.x, layout.cancel.x + layout.cancel.width);
+    EXPECT_EQ(layout.printerPopUp.x, layout.tapePopUp.x);
+    EXPECT_EQ(layout.printerPopUp.x, layout.copiesField.x);
+}
+
+} // namespace
+} // namespace dialog
