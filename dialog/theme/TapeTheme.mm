@@ -84,7 +84,11 @@ const NamedRole kThemeColors[] = {
 
 BOOL ownsKeyboard(NSCell* cell, NSView* view)
 {
-    return [cell showsFirstResponder] && [[view window] firstResponder] == view;
+    if ([[view window] firstResponder] != view) {
+        return NO;
+    }
+    // A slider's cell is not told.
+    return [cell showsFirstResponder] || [view isKindOfClass:[NSSlider class]];
 }
 
 BOOL isDefaultButton(NSCell* cell)
@@ -320,6 +324,34 @@ void drawPopUpButton(id self, SEL, NSRect frame, NSView* view)
     }
 }
 
+// What the keyboard acts on: a field itself, not the editor that all fields of a window share.
+NSView* focusedView(NSWindow* window)
+{
+    NSResponder* const responder = [window firstResponder];
+    if ([responder isKindOfClass:[NSText class]] && [(NSText*)responder isFieldEditor]) {
+        id const field = [(NSText*)responder delegate];
+        return [field isKindOfClass:[NSView class]] ? field : nil;
+    }
+    return [responder isKindOfClass:[NSView class]] ? (NSView*)responder : nil;
+}
+
+using MakeFirstResponder = BOOL (*)(id, SEL, NSResponder*);
+MakeFirstResponder makeFirstResponderOfToolkit = nullptr;
+
+// Not every control of the toolkit draws itself again when the focus comes or goes.
+BOOL makeFirstResponder(id self, SEL selector, NSResponder* responder)
+{
+    NSView* const left = [focusedView(self) retain];
+    const BOOL made = makeFirstResponderOfToolkit(self, selector, responder);
+    NSView* const entered = focusedView(self);
+    if (left != entered) {
+        [left setNeedsDisplay:YES];
+        [entered setNeedsDisplay:YES];
+    }
+    [left release];
+    return made;
+}
+
 template <typename Function>
 Function replaceMethod(Class cls, SEL selector, Function function)
 {
@@ -340,6 +372,8 @@ void replaceDrawingMethods()
     }
     drawImageOfToolkit = replaceMethod([NSButtonCell class], @selector(drawImage:withFrame:inView:),
                                        &drawButtonImage);
+    makeFirstResponderOfToolkit =
+        replaceMethod([NSWindow class], @selector(makeFirstResponder:), &makeFirstResponder);
     replaceMethod([NSButtonCell class], @selector(textColor), &buttonTextColor);
     replaceMethod([NSPopUpButtonCell class], @selector(drawWithFrame:inView:), &drawPopUpButton);
 }
@@ -745,9 +779,8 @@ namespace {
 
 // The toolkit puts back the look that the user's settings name whenever these change.  This
 // program has its own, so for this process they name the one that the theme answers to.
-void keepThemeThroughSettings()
+void keepThemeThroughSettings(NSUserDefaults* defaults)
 {
-    NSUserDefaults* const defaults = [NSUserDefaults standardUserDefaults];
     NSDictionary* const arguments = [defaults volatileDomainForName:NSArgumentDomain];
     NSMutableDictionary* const changed =
         arguments != nil ? [[arguments mutableCopy] autorelease] : [NSMutableDictionary dictionary];
@@ -760,7 +793,10 @@ void keepThemeThroughSettings()
 
 void useTheme(Appearance appearance)
 {
-    keepThemeThroughSettings();
+    NSUserDefaults* const defaults = [NSUserDefaults standardUserDefaults];
+    keepThemeThroughSettings(defaults);
+    // Scrollers on the right.
+    [defaults registerDefaults:@{@"NSScrollViewInterfaceStyle" : @"NSWindows95InterfaceStyle"}];
     appearanceInUse = appearance;
     replaceDrawingMethods();
     [NSColor controlTextColor]; // NSColor has to be there to hear that a theme came

