@@ -6,6 +6,7 @@
 #include "dialog/Text.h"
 
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -457,17 +458,9 @@ std::string programFolder()
     [[window_ window] makeFirstResponder:nil];
     [[loaded_ panel] printWindowWillClose:status == dialog::ExitStatus::Printed];
     [[window_ window] orderOut:nil];
-    [NSApp stop:nil];
-    // The event loop looks whether it is to stop when an event arrives.
-    [NSApp postEvent:[NSEvent otherEventWithType:NSApplicationDefined location:NSZeroPoint
-                                   modifierFlags:0
-                                       timestamp:0
-                                    windowNumber:0
-                                         context:nil
-                                         subtype:0
-                                           data1:0
-                                           data2:0]
-             atStart:NO];
+    // Not by stop: and an event to wake the loop: the toolkit can wait for the next real event
+    // before it looks at a posted one, and no more come.
+    std::exit(static_cast<int>(status));
 }
 
 @end

@@ -3,6 +3,7 @@
 #include "dialog/CommandLine.hpp"
 #include "dialog/DialogController.h"
 #include "dialog/ExitStatus.hpp"
+#include "dialog/KeepToOneself.h"
 #include "dialog/Messages.hpp"
 #include "dialog/theme/DesktopSettings.hpp"
 #include "dialog/theme/TapeTheme.h"
@@ -71,6 +72,7 @@ int main(int argc, char** argv, char** environment)
     // The toolkit takes every plain word for a file to open and every -word for a default.
     [NSProcessInfo initializeWithArguments:argv count:1 environment:environment];
     [[NSUserDefaults standardUserDefaults] registerDefaults:@{@"GSSuppressAppIcon" : @"YES"}];
+    dialog::keepToOneself();
     const dialog::ExitStatus status = run(line);
     [pool drain];
     return statusNumber(status);
