@@ -138,6 +138,9 @@ enum class Mark : std::uint8_t
 Mark markOf(NSImage* image)
 {
     NSString* const name = [image name];
+    if (name == nil) {
+        return Mark::None;
+    }
     if ([name rangeOfString:@"Radio"].location != NSNotFound) {
         return Mark::Radio;
     }
@@ -352,6 +355,16 @@ BOOL makeFirstResponder(id self, SEL selector, NSResponder* responder)
     return made;
 }
 
+using EndEditing = void (*)(id, SEL, NSText*);
+EndEditing endEditingOfToolkit = nullptr;
+
+// The toolkit draws only the text again, and a ring would stay.
+void endEditing(id self, SEL selector, NSText* editor)
+{
+    endEditingOfToolkit(self, selector, editor);
+    [[(NSTextFieldCell*)self controlView] setNeedsDisplay:YES];
+}
+
 template <typename Function>
 Function replaceMethod(Class cls, SEL selector, Function function)
 {
@@ -372,6 +385,8 @@ void replaceDrawingMethods()
     }
     drawImageOfToolkit = replaceMethod([NSButtonCell class], @selector(drawImage:withFrame:inView:),
                                        &drawButtonImage);
+    endEditingOfToolkit =
+        replaceMethod([NSTextFieldCell class], @selector(endEditing:), &endEditing);
     makeFirstResponderOfToolkit =
         replaceMethod([NSWindow class], @selector(makeFirstResponder:), &makeFirstResponder);
     replaceMethod([NSButtonCell class], @selector(textColor), &buttonTextColor);
@@ -447,6 +462,11 @@ using dialog::Role;
              style:(int)style
              state:(GSThemeControlState)state
 {
+    // Alert panels put the picture of the key on their button themselves.
+    if ([cell isKindOfClass:[NSButtonCell class]] &&
+        [[[cell image] name] hasPrefix:@"common_ret"]) {
+        [(NSButtonCell*)cell setImagePosition:NSNoImage];
+    }
     const BOOL enabled = [cell isEnabled];
     const BOOL pressed = [cell isHighlighted] || [cell state] == NSOnState;
     const BOOL filled = enabled && dialog::isDefaultButton(cell);

@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <string_view>
 #include <utility>
@@ -69,17 +70,33 @@ NSPopUpButton* popUp(NSRect frame)
     return made;
 }
 
+// nil when there is none, or when the pasteboard's server, which has no part in drawing and may
+// still be starting, cut its connection meanwhile.
+NSEvent* nextEvent()
+{
+    @try {
+        return [NSApp nextEventMatchingMask:NSAnyEventMask untilDate:[NSDate distantPast]
+                                     inMode:NSDefaultRunLoopMode
+                                    dequeue:YES];
+    } @catch (NSException*) {
+        return nil;
+    }
+}
+
 void handleEvents()
 {
-    for (;;) {
-        NSEvent* const event = [NSApp nextEventMatchingMask:NSAnyEventMask
-                                                  untilDate:[NSDate distantPast]
-                                                     inMode:NSDefaultRunLoopMode
-                                                    dequeue:YES];
-        if (event == nil) {
-            return;
-        }
+    while (NSEvent* const event = nextEvent()) {
         [NSApp sendEvent:event];
+    }
+}
+
+// Fields ask for the pasteboard when they are edited; its server takes a while to start.
+void startPasteboard()
+{
+    @try {
+        [[NSPasteboard generalPasteboard] types];
+    } @catch (NSException*) {
+        std::fputs("The pasteboard does not answer.\n", stderr);
     }
 }
 
@@ -423,6 +440,26 @@ TEST_P(Theme, ShowsTheFocusAroundAFieldByAThickerLine)
     EXPECT_EQ(picture.besideLeftEdge([controls.greyField frame], 0), role(Role::BorderQuiet));
 }
 
+TEST_P(Theme, TakesTheFocusOffAFieldThatTabLeaves)
+{
+    const Controls controls;
+    [controls.field setNextKeyView:controls.slider];
+    [controls.window makeFirstResponder:controls.field];
+    ASSERT_EQ(Picture(controls).besideLeftEdge([controls.field frame], 1), role(Role::Focus));
+    [controls.window sendEvent:[NSEvent keyEventWithType:NSKeyDown location:NSZeroPoint
+                                                 modifierFlags:0
+                                                     timestamp:0
+                                                  windowNumber:[controls.window windowNumber]
+                                                       context:nil
+                                                    characters:@"\t"
+                                   charactersIgnoringModifiers:@"\t"
+                                                     isARepeat:NO
+                                                       keyCode:23]];
+    ASSERT_EQ([controls.window firstResponder], (NSResponder*)controls.slider);
+    EXPECT_EQ(Picture(controls).count([controls.field frame], role(Role::Focus)), 0);
+    EXPECT_EQ(Picture(controls).besideLeftEdge([controls.field frame], 0), role(Role::Border));
+}
+
 TEST_P(Theme, GivesTheToolkitsColoursToWhateverAsksForThem)
 {
     for (const auto& [named, wanted] :
@@ -492,6 +529,7 @@ int main(int argc, char** argv, char** environment)
         @"GSScaleFactor" : [NSNumber numberWithDouble:scaleAsked]
     }];
     [NSApplication sharedApplication];
+    startPasteboard();
     int status = 0;
     if (picture != nullptr) {
         useTheme(appearance);
