@@ -67,6 +67,11 @@ std::string takeValue(CommandLine& line, std::string_view name, std::string_view
     if (value.empty()) {
         return std::string(name) + " needs a value.";
     }
+    if (name == "--appearance") {
+        return parseAppearance(value, line.appearance)
+                   ? std::string()
+                   : "--appearance takes auto, light or dark, not \"" + std::string(value) + "\".";
+    }
     if (name == "--ppd") {
         line.ppdFiles.emplace_back(value);
         return {};
@@ -85,7 +90,7 @@ std::string takeValue(CommandLine& line, std::string_view name, std::string_view
 
 bool takesValue(CommandLine& line, std::string_view name) noexcept
 {
-    return name == "--copies" || name == "--ppd" || name == "--set" ||
+    return name == "--appearance" || name == "--copies" || name == "--ppd" || name == "--set" ||
            textFor(line, name) != nullptr;
 }
 
@@ -163,6 +168,7 @@ Without FILE the built-in sample label is printed.
   --device-uri URI     where the --ppd printers are attached (usb://Sample/Tape)
   --output FOLDER      where printers without a queue print (out)
   --plugin PATH        the panel's bundle (PageSettings.plugin beside the program)
+  --appearance LOOK    auto (as the desktop), light or dark
 
 For scripts:
   --print-at-once      press Print as soon as the window is shown

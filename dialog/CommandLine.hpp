@@ -6,6 +6,8 @@
 // Plain C++.
 #pragma once
 
+#include "dialog/theme/Wanted.hpp"
+
 #include <cstdint>
 #include <span>
 #include <string>
@@ -32,6 +34,7 @@ struct CommandLine
     std::string screenshot;                                  // empty: none
     std::string listControls;                                // empty: none
     std::vector<std::pair<std::string, std::string>> wanted; // --set, in order
+    WantedAppearance appearance = WantedAppearance::Auto;
     bool printAtOnce = false;
     bool showSummary = false;
     bool help = false;

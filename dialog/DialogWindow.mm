@@ -4,6 +4,7 @@
 #include "dialog/Layout.hpp"
 #include "dialog/SummaryView.h"
 #include "dialog/Text.h"
+#include "dialog/theme/TapeTheme.h"
 
 namespace {
 
@@ -259,7 +260,7 @@ NSButton* makeButton(NSString* title, NSString* key, id target, SEL action)
 
 - (void)showMessage:(NSString*)text isFailure:(BOOL)isFailure
 {
-    [message_ setTextColor:isFailure ? [NSColor colorWithCalibratedRed:0.7 green:0 blue:0 alpha:1]
+    [message_ setTextColor:isFailure ? dialog::themeColor(dialog::Role::Failure)
                                      : [NSColor controlTextColor]];
     [message_ setStringValue:text];
     [message_ setToolTip:[text length] == 0 ? nil : text];

@@ -39,7 +39,7 @@ dialog::ExitStatus run(const dialog::CommandLine& line)
         std::fprintf(stderr, "tape-print: %s\n", failure.text.c_str());
         return failure.status;
     }
-    dialog::useTheme(dialog::appearanceOnThisDesktop(dialog::WantedAppearance::Auto));
+    dialog::useTheme(dialog::appearanceOnThisDesktop(line.appearance));
     DialogController* const controller = [[DialogController alloc] initWithCommandLine:line];
     [application setDelegate:(id)controller];
     [application run];

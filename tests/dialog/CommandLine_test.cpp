@@ -71,6 +71,17 @@ TEST(CommandLine, SaysWhatItDidNotUnderstand)
     EXPECT_EQ(parse({""}).error, "The document's name is empty.");
 }
 
+TEST(CommandLine, TakesTheLookByNameAndFollowsTheDesktopOtherwise)
+{
+    EXPECT_EQ(parse({}).appearance, WantedAppearance::Auto);
+    EXPECT_EQ(parse({"--appearance", "dark"}).appearance, WantedAppearance::Dark);
+    EXPECT_EQ(parse({"--appearance=light"}).appearance, WantedAppearance::Light);
+    EXPECT_EQ(parse({"--appearance=dark", "--appearance=auto"}).appearance, WantedAppearance::Auto);
+    EXPECT_EQ(parse({"--appearance", "grey"}).error,
+              "--appearance takes auto, light or dark, not \"grey\".");
+    EXPECT_EQ(parse({"--appearance"}).error, "--appearance needs a value.");
+}
+
 TEST(Copies, AreWholeNumbersFrom1To999)
 {
     std::int32_t copies = 5;
@@ -91,8 +102,8 @@ TEST(Help, NamesEveryOptionThatIsUnderstood)
 {
     for (const char* name :
          {"--printer", "--paper", "--copies", "--title", "--set", "--ppd", "--device-uri",
-          "--output", "--plugin", "--print-at-once", "--show-summary", "--screenshot",
-          "--list-controls", "--help", "--version"}) {
+          "--output", "--plugin", "--appearance", "--print-at-once", "--show-summary",
+          "--screenshot", "--list-controls", "--help", "--version"}) {
         EXPECT_NE(helpText().find(name), std::string_view::npos) << name;
         const CommandLine alone = parse({name});
         EXPECT_EQ(alone.error.find("not known"), std::string::npos) << name;
