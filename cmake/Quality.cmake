@@ -16,6 +16,10 @@ if(TAPE_SANITIZE)
   set(sanitize -fsanitize=address,undefined -fno-sanitize-recover=undefined
     -fno-omit-frame-pointer)
   target_compile_options(House_Flags INTERFACE ${sanitize})
+  # A BOOL is a byte that a caller may set to 2, and functions found by name are called through a
+  # type of the caller's own.
+  target_compile_options(House_Flags INTERFACE
+    $<$<COMPILE_LANGUAGE:OBJCXX>:-fno-sanitize=bool,function>)
   target_link_options(House_Flags INTERFACE ${sanitize} -shared-libasan)
   execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libclang_rt.asan-x86_64.so
     OUTPUT_VARIABLE ASAN_RUNTIME OUTPUT_STRIP_TRAILING_WHITESPACE)

@@ -23,7 +23,8 @@
     BOOL mGridIsValid;
     BOOL mDisabled;
     BOOL mDrawing;
-    NSScroller* mScroller; // a subview; nil as long as everything fits
+    NSScroller* mScroller;        // a subview; nil as long as everything fits
+    NSMutableArray* mToolTipTags; // of the choices that are cut; nil as long as none is
 }
 
 @end

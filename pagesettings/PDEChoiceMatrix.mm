@@ -24,6 +24,7 @@ float widthOf(NSCell* cell)
 } // namespace
 
 @interface PDEChoiceMatrix13_v100_ (Picture)
+- (void)takeToolTipsAway;
 - (NSUInteger)titles;
 - (const ChoiceGrid&)grid;
 - (void)measure;
@@ -38,6 +39,8 @@ float widthOf(NSCell* cell)
 
 - (void)dealloc
 {
+    [self takeToolTipsAway];
+    [mToolTipTags release];
     [mScroller setTarget:nil];
     [mScroller release];
     [super dealloc];
@@ -365,13 +368,25 @@ float widthOf(NSCell* cell)
 // A choice that does not fit tells its whole title.
 - (void)placeToolTips
 {
-    [self removeAllToolTips];
+    [self takeToolTipsAway];
     const int32_t end = endOfVisibleChoices(mGrid);
     for (int32_t row = firstVisibleChoice(mGrid); row < end; ++row) {
         const ChoiceFrame frame = frameOfChoice(mGrid, row);
-        if (widthOf([self cellAtRow:row column:0]) > frame.width)
-            [self addToolTipRect:rectOf(frame) owner:self userData:NULL];
+        if (widthOf([self cellAtRow:row column:0]) <= frame.width)
+            continue;
+        if (!mToolTipTags)
+            mToolTipTags = [[NSMutableArray alloc] init];
+        const NSToolTipTag tag = [self addToolTipRect:rectOf(frame) owner:self userData:NULL];
+        [mToolTipTags addObject:[NSNumber numberWithInteger:tag]];
     }
+}
+
+// One by one: taken away all at once, the toolkit skips and leaks every other one.
+- (void)takeToolTipsAway
+{
+    for (NSNumber* tag in mToolTipTags)
+        [self removeToolTip:[tag integerValue]];
+    [mToolTipTags removeAllObjects];
 }
 
 - (NSString*)view:(NSView*)view

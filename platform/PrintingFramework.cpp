@@ -2,7 +2,6 @@
 
 #include <ApplicationServices/ApplicationServices.h>
 
-#include <functional>
 #include <map>
 
 using namespace printing;
@@ -101,7 +100,7 @@ CFOwner<CFNumberRef> newPageNumber(std::uint32_t page)
 // opened a thousand times must not leave a thousand behind.
 CFURLRef urlForText(const std::string& text)
 {
-    static std::map<std::string, CFURLRef, std::less<>> urls;
+    static auto& urls = *new std::map<std::string, CFURLRef>; // outlives every static object
     if (const auto known = urls.find(text); known != urls.end())
         return known->second;
     const auto string = newString(text);
