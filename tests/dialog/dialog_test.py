@@ -70,6 +70,8 @@ def edits_by_keys_and_mouse_end_as_options_in_the_folder():
         dialog.type_into(dialog.wait(FIELD, "3.0", MARGIN), "4.2")
         dialog.press(dialog.wait("cell", "300 x 600 dpi"))
         dialog.wait("cell", "300 x 600 dpi", on=True)
+        wait_for(lambda: not dialog.wait("cell", "Speed First").enabled,
+                 "the quality to be greyed by the second resolution")
         dialog.press(dialog.wait("cell", "Off"))
         dialog.wait("cell", "Off", on=True)
         dialog.press(dialog.wait("Print"))
@@ -165,6 +167,18 @@ def the_summary_lists_what_is_set():
         equal([c.text for c in rows], [t for pair in zip(titles, values) for t in pair], "rows")
         dialog.choose("Pane", "Page Settings")
         dialog.wait(FIELD, "62.5", LENGTH)
+        xdotool("key", "Escape")
+        dialog.end(1)
+
+
+@test
+def a_chosen_row_is_in_the_summary_at_once():
+    with ppd("resolution") as dialog:
+        dialog.press(dialog.wait("cell", "300 x 600 dpi"))
+        dialog.wait("cell", "300 x 600 dpi", on=True)
+        dialog.choose("Pane", "Summary")
+        wait_for(lambda: any(c.text == "300 x 600 dpi" and c.height == 20 and c.name != "cell"
+                             for c in dialog.controls()), "the resolution's line")
         xdotool("key", "Escape")
         dialog.end(1)
 
