@@ -565,24 +565,22 @@ int main(int argc, char** argv, char** environment)
     {
         const LeaksDoNotCount hidden; // what the toolkit sets up for the life of the process
         pool = [[NSAutoreleasePool alloc] init];
-        {
-            const LeaksDoNotCount hidden; // what the toolkit sets up for the life of the process
-            [NSProcessInfo initializeWithArguments:argv count:1 environment:environment];
-            [[NSUserDefaults standardUserDefaults] registerDefaults:@{
-                @"GSSuppressAppIcon" : @"YES",
-                @"GSScaleFactor" : [NSNumber numberWithDouble:scaleAsked]
-            }];
-            [NSApplication sharedApplication];
-        }
-        goWithoutPasteboard();
-        int status = 0;
-        if (picture != nullptr) {
-            useTheme(appearance);
-            status = writePicture(picture);
-        } else {
-            warmUp();
-            status = RUN_ALL_TESTS();
-        }
-        [pool drain];
-        return status;
+        [NSProcessInfo initializeWithArguments:argv count:1 environment:environment];
+        [[NSUserDefaults standardUserDefaults] registerDefaults:@{
+            @"GSSuppressAppIcon" : @"YES",
+            @"GSScaleFactor" : [NSNumber numberWithDouble:scaleAsked]
+        }];
+        [NSApplication sharedApplication];
     }
+    goWithoutPasteboard();
+    int status = 0;
+    if (picture != nullptr) {
+        useTheme(appearance);
+        status = writePicture(picture);
+    } else {
+        warmUp();
+        status = RUN_ALL_TESTS();
+    }
+    [pool drain];
+    return status;
+}
