@@ -205,7 +205,10 @@ struct Controls
              ]) {
             [content addSubview:view];
         }
-        [window makeKeyAndOrderFront:nil];
+        {
+            const LeaksDoNotCount hidden;
+            [window makeKeyAndOrderFront:nil];
+        }
         [window makeFirstResponder:nil];
         handleEvents();
         [window display];
@@ -214,6 +217,7 @@ struct Controls
     ~Controls()
     {
         [table setDataSource:nil];
+        const LeaksDoNotCount hidden;
         [window makeFirstResponder:nil];
         [window close];
         handleEvents();
