@@ -232,6 +232,21 @@ TEST_F(ChoiceMatrix, TakesTheFocusByTabAndPassesItOn)
     EXPECT_NE([window_ firstResponder], matrix_);
 }
 
+TEST_F(ChoiceMatrix, KeepsItsChoiceWhenTabPassesByInEitherDirection)
+{
+    setChoices(3);
+    [matrix_ selectCellAtRow:2 column:0];
+    ASSERT_TRUE([window_ makeFirstResponder:field_]);
+    press("Tab");
+    ASSERT_EQ([window_ firstResponder], matrix_);
+    EXPECT_EQ([matrix_ selectedRow], 2);
+    press("Tab");
+    EXPECT_EQ([matrix_ selectedRow], 2);
+    press("shift+Tab");
+    EXPECT_EQ([matrix_ selectedRow], 2);
+    EXPECT_EQ(actions(), Rows{});
+}
+
 TEST_F(ChoiceMatrix, ScrollsByItsScrollerWithoutChoosing)
 {
     setChoices(12);
