@@ -5,6 +5,7 @@
 #include "dialog/ExitStatus.hpp"
 #include "dialog/KeepToOneself.h"
 #include "dialog/Messages.hpp"
+#include "dialog/OwnPasteboard.h"
 #include "dialog/theme/DesktopSettings.hpp"
 #include "dialog/theme/TapeTheme.h"
 
@@ -73,6 +74,7 @@ int main(int argc, char** argv, char** environment)
     [NSProcessInfo initializeWithArguments:argv count:1 environment:environment];
     [[NSUserDefaults standardUserDefaults] registerDefaults:@{@"GSSuppressAppIcon" : @"YES"}];
     dialog::keepToOneself();
+    dialog::setUpPasteboards();
     const dialog::ExitStatus status = run(line);
     [pool drain];
     return statusNumber(status);
