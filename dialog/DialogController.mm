@@ -31,7 +31,6 @@ std::string programFolder()
 
 @interface DialogController (Steps)
 - (void)report:(const dialog::Failure&)failure;
-- (void)report:(const dialog::Failure&)failure asStatus:(BOOL)counts;
 - (void)findPrinters;
 - (void)openPrinter:(std::size_t)index paper:(const std::string&)paper;
 - (dialog::PPDFile)openPPDOf:(const dialog::PrinterEntry&)printer failure:(dialog::Failure&)failure;
@@ -117,16 +116,9 @@ std::string programFolder()
 
 - (void)report:(const dialog::Failure&)failure
 {
-    [self report:failure asStatus:YES];
-}
-
-- (void)report:(const dialog::Failure&)failure asStatus:(BOOL)counts
-{
     std::fprintf(stderr, "tape-print: %s\n", failure.text.c_str());
-    [window_ showMessage:dialog::toNSString(failure.text) isFailure:counts];
-    if (counts) {
-        status_ = failure.status;
-    }
+    [window_ showMessage:dialog::toNSString(failure.text) isFailure:YES];
+    status_ = failure.status;
 }
 
 - (void)findPrinters
@@ -141,8 +133,8 @@ std::string programFolder()
             [self report:list.failure ? list.failure : dialog::noSuchPrinter(line_.printer)];
         }
     } else if (list.failure) {
-        // The other printers work without a server, so this alone is no reason to fail.
-        [self report:list.failure asStatus:NO];
+        // The other printers work without a server, so this alone is no failure: a hint.
+        [window_ showMessage:dialog::toNSString(list.failure.text) isFailure:NO];
     }
     std::vector<std::string> titles;
     titles.reserve(printers_.size());
@@ -338,6 +330,9 @@ std::string programFolder()
 
 - (void)cancelDialog:(id)sender
 {
+    if ([window_ closeOpenList]) {
+        return;
+    }
     [self stopWithStatus:status_ == dialog::ExitStatus::Printed ? dialog::ExitStatus::Cancelled
                                                                 : status_];
 }

@@ -60,9 +60,12 @@
 - (void)showSummary:(const std::vector<dialog::SummaryLine>&)lines title:(NSString*)title;
 - (void)showSentence:(NSString*)sentence;
 
+// NO when no pop-up's list was open.
+- (BOOL)closeOpenList;
+
 - (void)showMessage:(NSString*)text isFailure:(BOOL)isFailure;
 
-// The window's content as a PNG; NO when it could not be written.
+// The inside of the window as a PNG; NO when it could not be written.
 - (BOOL)writePicture:(NSString*)path;
 
 // One line for each control that can be seen: its name, the screen frame of what can be clicked

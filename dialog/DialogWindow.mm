@@ -6,6 +6,8 @@
 #include "dialog/Text.h"
 #include "dialog/theme/TapeTheme.h"
 
+#include <cmath>
+
 namespace {
 
 NSRect toRect(const dialog::Frame& frame)
@@ -47,7 +49,59 @@ NSButton* makeButton(NSString* title, NSString* key, id target, SEL action)
     return button;
 }
 
+// What the rectangle has of whole pixels, in points.
+NSRect pixelsWithin(NSRect rect, CGFloat scale)
+{
+    const CGFloat left = std::ceil(NSMinX(rect) * scale);
+    const CGFloat bottom = std::ceil(NSMinY(rect) * scale);
+    return NSMakeRect(left / scale, bottom / scale,
+                      (std::floor(NSMaxX(rect) * scale) - left) / scale,
+                      (std::floor(NSMaxY(rect) * scale) - bottom) / scale);
+}
+
+bool isOpen(NSPopUpButton* popUp)
+{
+    return [[[[popUp menu] menuRepresentation] window] isVisible];
+}
+
+// nil when no pop-up in the view has its list open.
+NSPopUpButton* openPopUpIn(NSView* view)
+{
+    if ([view isKindOfClass:[NSPopUpButton class]] && isOpen((NSPopUpButton*)view)) {
+        return (NSPopUpButton*)view;
+    }
+    for (NSView* part in [view subviews]) {
+        if (NSPopUpButton* const found = openPopUpIn(part)) {
+            return found;
+        }
+    }
+    return nil;
+}
+
 } // namespace
+
+// Keys that come while the mouse holds a list open are meant for the list; the toolkit would give
+// them to the window as soon as the mouse is let go, and Escape would end the dialog.
+@interface ListKeepingWindow : NSWindow
+@end
+
+@implementation ListKeepingWindow
+
+- (void)sendEvent:(NSEvent*)event
+{
+    const bool pressesPopUp =
+        [event type] == NSLeftMouseDown &&
+        [[[self contentView] hitTest:[event locationInWindow]] isKindOfClass:[NSPopUpButton class]];
+    [super sendEvent:event];
+    if (pressesPopUp) {
+        while ([NSApp nextEventMatchingMask:NSKeyDownMask untilDate:[NSDate distantPast]
+                                     inMode:NSEventTrackingRunLoopMode
+                                    dequeue:YES] != nil) {
+        }
+    }
+}
+
+@end
 
 @interface DialogWindow (Placing)
 - (void)place;
@@ -62,10 +116,11 @@ NSButton* makeButton(NSString* title, NSString* key, id target, SEL action)
     if (self == nil) {
         return nil;
     }
-    window_ = [[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, 560, 400)
-                                          styleMask:NSTitledWindowMask | NSClosableWindowMask
-                                            backing:NSBackingStoreBuffered
-                                              defer:NO];
+    window_ =
+        [[ListKeepingWindow alloc] initWithContentRect:NSMakeRect(0, 0, 560, 400)
+                                             styleMask:NSTitledWindowMask | NSClosableWindowMask
+                                               backing:NSBackingStoreBuffered
+                                                 defer:NO];
     [window_ setReleasedWhenClosed:NO];
     [window_ setTitle:@"Print Label"];
     [window_ setDelegate:(id)controller];
@@ -258,6 +313,13 @@ NSButton* makeButton(NSString* title, NSString* key, id target, SEL action)
     [[window_ contentView] setNeedsDisplay:YES];
 }
 
+- (BOOL)closeOpenList
+{
+    NSPopUpButton* const popUp = openPopUpIn([window_ contentView]);
+    [[popUp cell] dismissPopUp];
+    return popUp != nil;
+}
+
 - (void)showMessage:(NSString*)text isFailure:(BOOL)isFailure
 {
     [message_ setTextColor:isFailure ? dialog::themeColor(dialog::Role::Failure)
@@ -268,12 +330,15 @@ NSButton* makeButton(NSString* title, NSString* key, id target, SEL action)
 
 - (BOOL)writePicture:(NSString*)path
 {
+    // Through the view around the content, whose corner lies on a whole pixel at every scale.  The
+    // content's own may lie between two, and the picture would be blurred.
     NSView* const content = [window_ contentView];
+    NSView* const frame = [content superview];
     [window_ display];
-    [content lockFocus];
-    NSBitmapImageRep* const picture =
-        [[NSBitmapImageRep alloc] initWithFocusedViewRect:[content bounds]];
-    [content unlockFocus];
+    [frame lockFocus];
+    NSBitmapImageRep* const picture = [[NSBitmapImageRep alloc]
+        initWithFocusedViewRect:pixelsWithin([content frame], [window_ userSpaceScaleFactor])];
+    [frame unlockFocus];
     NSData* const bytes = [picture representationUsingType:NSPNGFileType properties:@{}];
     const BOOL written = [bytes writeToFile:path atomically:YES];
     [picture release];
