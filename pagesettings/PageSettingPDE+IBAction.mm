@@ -3,6 +3,7 @@
 // The fields hold the values of record, the sliders follow them.
 
 #include "pagesettings/ChoiceRules.hpp"
+#include "pagesettings/Controls.h"
 #include "pagesettings/DisplayText.hpp"
 #include "pagesettings/PageSettingPDE.h"
 #include "pagesettings/PrinterDot.hpp"
@@ -16,16 +17,13 @@ using pagesettings::Correction;
 using pagesettings::FieldValue;
 using pagesettings::NumberText;
 using pagesettings::PanelRules;
-
-static FieldValue valueOf(NSTextField* field)
-{
-    return {[field floatValue], [field doubleValue]};
-}
+using pagesettings::string;
+using pagesettings::valueOf;
 
 // Writing what a field shows already would end an edit in it and select the text.
 static void showText(NSTextField* field, const NumberText& text)
 {
-    NSString* const shown = [NSString stringWithUTF8String:text.c_str()];
+    NSString* const shown = string(text);
     if (![[field stringValue] isEqualToString:shown])
         [field setStringValue:shown];
 }

@@ -3,7 +3,7 @@
 // Length and margin are numbers that no PPD lists, always in millimetres.
 
 #include "pagesettings/ChoiceRules.hpp"
-#include "pagesettings/NumberText.hpp"
+#include "pagesettings/Controls.h"
 #include "pagesettings/PageSettingPDE.h"
 #include "pagesettings/Saving.hpp"
 #include "ppd/ChoiceLookup.hpp"
@@ -14,19 +14,10 @@
 #include "tape/TapeInfo.h"
 
 using pagesettings::FieldValue;
-using pagesettings::NumberText;
 using pagesettings::PanelRules;
 using pagesettings::ShownPaper;
-
-static NSString* string(const NumberText& text)
-{
-    return [NSString stringWithUTF8String:text.c_str()];
-}
-
-static FieldValue valueOf(NSTextField* field)
-{
-    return {[field floatValue], [field doubleValue]};
-}
+using pagesettings::string;
+using pagesettings::valueOf;
 
 @implementation PageSettingPDE13_v100_ (VNKMZRPS_Save)
 

@@ -1,5 +1,6 @@
 // The lines that the dialog shows when it sums up all settings.
 
+#include "pagesettings/Controls.h"
 #include "pagesettings/DisplayText.hpp"
 #include "pagesettings/PageSettingPDE.h"
 #include "pagesettings/SummaryLines.hpp"
@@ -9,8 +10,8 @@
 #include "ppd/PPDText.h"
 #include "tape/TapeInfo.h"
 
-using pagesettings::NumberText;
 using pagesettings::PanelRules;
+using pagesettings::string;
 using pagesettings::SummaryLine;
 using pagesettings::Unit;
 
@@ -29,11 +30,6 @@ struct SummaryLines
         [values setObject:value ? value : @"" forKey:title];
     }
 };
-
-static NSString* string(const NumberText& text)
-{
-    return [NSString stringWithUTF8String:text.c_str()];
-}
 
 @implementation PageSettingPDE13_v100_ (Summary)
 

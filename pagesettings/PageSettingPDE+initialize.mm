@@ -1,6 +1,7 @@
 // Filling the controls from the PPD, the selected tape and the limits.
 
 #include "pagesettings/ChoiceRules.hpp"
+#include "pagesettings/Controls.h"
 #include "pagesettings/DisplayText.hpp"
 #include "pagesettings/PageSettingPDE.h"
 #include "ppd/ChoiceLookup.hpp"
@@ -42,7 +43,7 @@ static NSArray* printModeTitles()
 
 static void showNumber(NSTextField* field, const NumberText& text)
 {
-    [field setStringValue:[NSString stringWithUTF8String:text.c_str()]];
+    [field setStringValue:pagesettings::string(text)];
 }
 
 static void takeDecimalNumbers(NSTextField* field)
