@@ -235,6 +235,17 @@ def an_arrow_key_moves_a_focused_slider_and_the_value_is_checked():
         equal(texts(dialog), ("60.1", "30.0"), "fields after the alert")
 
 
+@test
+def tab_goes_from_a_field_to_its_slider():
+    with ppd("resolution") as dialog:
+        dialog.press(dialog.wait(FIELD, "100.0", LENGTH))
+        xdotool("key", "Tab")
+        nudge()
+        xdotool("key", "Left")
+        # A twentieth of the range of 990 mm.
+        equal(settled(dialog), ("50.5", "3.0"), "fields after a key on the length slider")
+
+
 # The alert.
 
 @test
