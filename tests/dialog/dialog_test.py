@@ -10,10 +10,11 @@ import shlex
 import subprocess
 import sys
 import tempfile
+import time
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from drive import (Dialog, Failed, check, equal, options_of, run_once,  # noqa: E402
+from drive import (Dialog, Failed, check, equal, options_of, picture_of, run_once,  # noqa: E402
                    wait_for, xdotool)
 
 PROGRAM, SAMPLES = sys.argv[1], sys.argv[2]
@@ -111,6 +112,76 @@ def escape_closes_without_a_job():
         xdotool("key", "Escape")
         dialog.end(1)
         check(not os.path.exists(dialog.output), "something was printed")
+
+
+@test
+def a_field_takes_focus_and_keys_at_once():
+    """Nothing may hold the window up when a field gets the focus: the ring and what is typed are
+    there within a second, far below the five that the toolkit waits for a pasteboard server."""
+    with ppd("resolution") as dialog:
+        copies = dialog.wait("Copies", "1")
+        before = picture_of(copies)
+        # Printer, Tape, Copies.
+        for _ in range(2):
+            xdotool("key", "Tab")
+            time.sleep(0.1)
+        wait_for(lambda: picture_of(copies) != before, "the ring around the field", 1)
+        for key, text in (("7", "7"), ("3", "73")):
+            xdotool("key", key)
+            wait_for(lambda: any(c.text == text for c in dialog.all("Copies")),
+                     "the field to show " + text, 1)
+        # Pane, the length's slider, the length.
+        length = dialog.wait(FIELD, "100.0", LENGTH)
+        before = picture_of(length)
+        for _ in range(3):
+            xdotool("key", "Tab")
+            time.sleep(0.1)
+        wait_for(lambda: picture_of(length) != before, "the ring around the length", 1)
+        xdotool("key", "4")
+        wait_for(lambda: any(c[:3] == length[:3] and c.text == "4" for c in dialog.controls()),
+                 "the length to show 4", 1)
+        xdotool("key", "Escape")
+        dialog.end(1)
+
+
+@test
+def many_starts_in_a_row_neither_hang_nor_die():
+    with tempfile.TemporaryDirectory() as folder:
+        for number in range(1, 41):
+            status, _, errors = run_once(PROGRAM, "--print-at-once", "--output", folder,
+                                         environment=NO_SERVER)
+            equal((status, errors), (0, ""), "end of start {}".format(number))
+
+
+@test
+def escape_closes_an_open_list_alone():
+    with ppd("resolution") as dialog:
+        dialog.wait("Tape", "24 mm tape")
+        for name in ("Tape", "Pane"):
+            xdotool("key", "Tab")
+            if name == "Pane":
+                xdotool("key", "Tab")
+            time.sleep(0.1)
+            xdotool("key", "space")
+            wait_for(lambda: dialog.all("item"), "the list of " + name)
+            xdotool("key", "Escape")
+            wait_for(lambda: not dialog.all("item"), "the list to close")
+            check(dialog.process.poll() is None, "Escape in the list ended the dialog")
+        # A list held open by the mouse.
+        tape = dialog.wait("Tape", "24 mm tape")
+        xdotool("mousemove", tape.x + 60, tape.y + tape.height // 2)
+        xdotool("mousedown", 1)
+        wait_for(lambda: dialog.all("item"), "the list to open")
+        xdotool("key", "Escape")
+        xdotool("mousemove", 2, 2)
+        time.sleep(0.2)
+        xdotool("mouseup", 1)
+        wait_for(lambda: not dialog.all("item"), "the list to close")
+        time.sleep(0.3)
+        check(dialog.process.poll() is None, "Escape in the held list ended the dialog")
+        dialog.wait("Tape", "24 mm tape")
+        xdotool("key", "Escape")
+        dialog.end(1)
 
 
 @test
@@ -323,6 +394,15 @@ def a_damaged_ppd_leaves_the_window_usable():
             dialog.press(dialog.wait("Print"))
             dialog.end(0)
             equal(dialog.job_in_folder()["PageSize"], "TC24", "tape")
+
+
+@test
+def a_missing_server_is_a_hint_to_who_asked_for_no_queue():
+    with ppd("resolution") as dialog:
+        dialog.message('The print server "127.0.0.1" does not answer')
+        xdotool("key", "Escape")
+        dialog.end(1)
+        equal(dialog.read_errors(), "", "standard error")
 
 
 @test

@@ -26,8 +26,8 @@ def equal(found, expected, what):
     check(found == expected, "{}: expected {!r}, found {!r}".format(what, expected, found))
 
 
-def wait_for(question, what):
-    deadline = time.monotonic() + PATIENCE
+def wait_for(question, what, patience=PATIENCE):
+    deadline = time.monotonic() + patience
     while time.monotonic() < deadline:
         answer = question()
         if answer:
@@ -54,6 +54,13 @@ def click():
     xdotool("mouseup", 1)
     time.sleep(0.05)
     nudge()
+
+
+def picture_of(control):
+    """The pixels of the control and of what is drawn around it."""
+    area = "{}x{}+{}+{}".format(control.width + 8, control.height + 8, control.x - 4, control.y - 4)
+    return subprocess.run(["import", "-window", "root", "-crop", area, "rgb:-"], check=True,
+                          capture_output=True).stdout
 
 
 def parse_controls(text):
