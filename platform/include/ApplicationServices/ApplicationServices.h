@@ -27,7 +27,8 @@ typedef struct OpaquePMPageFormat* PMPageFormat;
 typedef struct OpaquePMPrintSettings* PMPrintSettings;
 typedef struct OpaquePMPrintSession* PMPrintSession;
 
-enum {
+enum
+{
     kPMNoError = 0,
     kPMInvalidParameter = -50,
     kPMKeyNotFound = -9589,
@@ -49,7 +50,8 @@ enum {
 };
 
 typedef CFIndex PMDataFormat;
-enum {
+enum
+{
     kPMDataFormatXMLDefault = 0,
     kPMDataFormatXMLMinimal = 1,
     kPMDataFormatXMLCompressed = 2
@@ -81,8 +83,8 @@ CF_EXPORT OSStatus PMPrintSettingsGetValue(PMPrintSettings settings, CFStringRef
 CF_EXPORT OSStatus PMPrintSettingsSetValue(PMPrintSettings settings, CFStringRef key,
                                            CFTypeRef value, Boolean locked);
 
-/* Pages count from 1; the last may be kPMPrintAllPages.  kPMValueOutOfRange, and no change, for page
- * 0 and for a first page after the last.  `lock` changes nothing. */
+/* Pages count from 1; the last may be kPMPrintAllPages.  kPMValueOutOfRange, and no change, for
+ * page 0 and for a first page after the last.  `lock` changes nothing. */
 CF_EXPORT OSStatus PMGetFirstPage(PMPrintSettings settings, UInt32* first);
 CF_EXPORT OSStatus PMSetFirstPage(PMPrintSettings settings, UInt32 first, Boolean lock);
 CF_EXPORT OSStatus PMGetLastPage(PMPrintSettings settings, UInt32* last);

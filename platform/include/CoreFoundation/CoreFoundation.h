@@ -49,7 +49,8 @@ typedef SInt16 OSErr;
 typedef SInt32 OSStatus;
 typedef UInt32 OSType;
 
-enum {
+enum
+{
     noErr = 0,
     paramErr = -50
 };
@@ -91,13 +92,15 @@ static inline CFRange CFRangeMake(CFIndex location, CFIndex length)
 }
 
 typedef CFIndex CFComparisonResult;
-enum {
+enum
+{
     kCFCompareLessThan = -1,
     kCFCompareEqualTo = 0,
     kCFCompareGreaterThan = 1
 };
 
-enum {
+enum
+{
     kCFNotFound = -1
 };
 
@@ -129,7 +132,8 @@ typedef UInt32 CFStringEncoding;
 
 #define kCFStringEncodingInvalidId (0xffffffffU)
 
-enum {
+enum
+{
     kCFStringEncodingMacRoman = 0,
     kCFStringEncodingWindowsLatin1 = 0x0500,
     kCFStringEncodingISOLatin1 = 0x0201,
@@ -175,7 +179,8 @@ enum {
 };
 
 typedef CFOptionFlags CFStringCompareFlags;
-enum {
+enum
+{
     kCFCompareCaseInsensitive = 1,
     kCFCompareNonliteral = 16
 };
@@ -283,7 +288,8 @@ CF_EXPORT Boolean CFDictionaryGetValueIfPresent(CFDictionaryRef dictionary, cons
 /* Numbers and booleans. */
 
 typedef CFIndex CFNumberType;
-enum {
+enum
+{
     kCFNumberSInt8Type = 1,
     kCFNumberSInt16Type = 2,
     kCFNumberSInt32Type = 3,
@@ -319,21 +325,24 @@ CF_EXPORT Boolean CFBooleanGetValue(CFBooleanRef truth);
 
 /* Property lists. */
 
-enum {
+enum
+{
     kCFPropertyListImmutable = 0,
     kCFPropertyListMutableContainers = 1,
     kCFPropertyListMutableContainersAndLeaves = 2
 };
 
 /* NULL for anything that is no valid property list, with a reason in `error`, which may be NULL and
- * otherwise belongs to the caller; NULL there on success [framework].  Only the XML form is read, in
- * UTF-8, and arrays and dictionaries 128 deep [ours]. */
-CF_EXPORT CFPropertyListRef CFPropertyListCreateFromXMLData(CFAllocatorRef allocator, CFDataRef data,
+ * otherwise belongs to the caller; NULL there on success [framework].  Only the XML form is read,
+ * in UTF-8, and arrays and dictionaries 128 deep [ours]. */
+CF_EXPORT CFPropertyListRef CFPropertyListCreateFromXMLData(CFAllocatorRef allocator,
+                                                            CFDataRef data,
                                                             CFOptionFlags mutability,
                                                             CFStringRef* error);
 
 typedef CFIndex CFPropertyListFormat;
-enum {
+enum
+{
     kCFPropertyListOpenStepFormat = 1,
     kCFPropertyListXMLFormat_v1_0 = 100,
     kCFPropertyListBinaryFormat_v1_0 = 200

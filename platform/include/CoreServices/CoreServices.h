@@ -17,13 +17,15 @@
 extern "C" {
 #endif
 
-enum {
+enum
+{
     gestaltSystemVersionMajor = 0x73797331, /* 'sys1' */
     gestaltSystemVersionMinor = 0x73797332, /* 'sys2' */
     gestaltSystemVersionBugFix = 0x73797333 /* 'sys3' */
 };
 
-enum {
+enum
+{
     gestaltUnknownErr = -5550,      /* the answer cannot be had */
     gestaltUndefSelectorErr = -5551 /* no such selector */
 };
