@@ -1,5 +1,7 @@
 #include "dialog/Text.h"
 
+#include "dialog/Translate.hpp"
+
 namespace dialog {
 
 NSString* toNSString(std::string_view text)
@@ -12,6 +14,11 @@ NSString* toNSString(std::string_view text)
         }
     }
     return @"";
+}
+
+NSString* localized(const char* english)
+{
+    return toNSString(tr(english));
 }
 
 std::string toString(NSString* text)

@@ -1,0 +1,45 @@
+#include "dialog/Translate.hpp"
+
+#include <libintl.h>
+
+#include <clocale>
+
+namespace dialog {
+
+namespace {
+
+constexpr const char* kDomain = "tape-print";
+
+} // namespace
+
+const char* tr(const char* english) noexcept
+{
+    // gettext answers an empty text with the catalogue's own header.
+    return *english == '\0' ? english : dgettext(kDomain, english);
+}
+
+std::string filled(std::string_view pattern, std::initializer_list<std::string_view> parts)
+{
+    std::string text;
+    for (std::size_t i = 0; i < pattern.size(); ++i) {
+        const bool place = pattern[i] == '{' && i + 2 < pattern.size() && pattern[i + 2] == '}' &&
+                           pattern[i + 1] >= '1' && pattern[i + 1] <= '9';
+        const std::size_t index = place ? static_cast<std::size_t>(pattern[i + 1] - '1') : 0;
+        if (place && index < parts.size()) {
+            text += parts.begin()[index];
+            i += 2;
+        } else {
+            text += pattern[i];
+        }
+    }
+    return text;
+}
+
+void openCatalogues(const std::string& folder)
+{
+    std::setlocale(LC_MESSAGES, "");
+    bindtextdomain(kDomain, folder.c_str());
+    bind_textdomain_codeset(kDomain, "UTF-8");
+}
+
+} // namespace dialog
