@@ -10,6 +10,8 @@ add_library(House::Flags ALIAS House_Flags)
 target_compile_options(House_Flags INTERFACE
   -Wall -Wextra -Werror -Wshadow -Wnon-virtual-dtor -Wformat=2 -Wno-unused-parameter
   -Wimplicit-fallthrough -Wextra-semi)
+# Debug information in a form that Debian 12's valgrind reads.
+target_compile_options(House_Flags INTERFACE -gdwarf-4)
 
 if(TAPE_SANITIZE)
   # The bundle is loaded into a running program, so both share one runtime library.
