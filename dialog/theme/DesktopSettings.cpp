@@ -1,5 +1,7 @@
 #include "dialog/theme/DesktopSettings.hpp"
 
+#include "dialog/UserFolders.hpp"
+
 #include <array>
 #include <cstddef>
 #include <cstdlib>
@@ -21,17 +23,8 @@ std::string_view environment(const char* name)
 
 std::string settingsPath()
 {
-    const std::string_view configuration = environment("XDG_CONFIG_HOME");
-    const std::string_view home = environment("HOME");
-    std::string path;
-    if (configuration.starts_with('/')) {
-        path = configuration;
-    } else if (!home.empty()) {
-        path = std::string(home) + "/.config";
-    } else {
-        return path;
-    }
-    return path + "/gtk-3.0/settings.ini";
+    const std::string folder = configFolder();
+    return folder.empty() ? folder : folder + "/gtk-3.0/settings.ini";
 }
 
 constexpr std::size_t kMostBytes = 16384; // of a file that has a dozen lines
