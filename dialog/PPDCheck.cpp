@@ -60,8 +60,25 @@ struct Counts
 {
     std::size_t options = 0;
     std::size_t sizes = 0;
+    std::size_t measures = 0;
     std::size_t choices = 0;
+    std::size_t groups = 0;
+    std::size_t customParameters = 0;
 };
+
+bool beginsIgnoringCase(std::string_view text, std::string_view word) noexcept
+{
+    return equalIgnoringCase(text.substr(0, word.size()), word);
+}
+
+// libcups leaves out this byte wherever it stands, so that a line with one is another line to it.
+constexpr char kEndMark = '\x1a';
+
+bool endsBeforeItsEnd(std::string_view contents) noexcept
+{
+    const std::size_t mark = contents.find(kEndMark);
+    return mark != contents.npos && contents.find_first_not_of("\x1a\r\n", mark) != contents.npos;
+}
 
 PPDFault checkLine(std::string_view line, Counts& counts) noexcept
 {
@@ -73,12 +90,25 @@ PPDFault checkLine(std::string_view line, Counts& counts) noexcept
     if (equalIgnoringCase(keyword, "OpenUI") || equalIgnoringCase(keyword, "JCLOpenUI")) {
         return ++counts.options > kMaxPPDOptions ? PPDFault::TooManyOptions : PPDFault::None;
     }
+    if (equalIgnoringCase(keyword, "OpenGroup") || equalIgnoringCase(keyword, "OpenSubGroup")) {
+        return ++counts.groups > kMaxPPDGroups ? PPDFault::TooManyGroups : PPDFault::None;
+    }
+    if (beginsIgnoringCase(keyword, "ParamCustom") &&
+        ++counts.customParameters > kMaxPPDCustomParameters) {
+        return PPDFault::TooManyCustomParameters;
+    }
     line = withoutLeadingBlanks(line);
     const std::string_view option = takeWord(line, ":/");
     if (option.empty()) {
         return PPDFault::None;
     }
     if (equalIgnoringCase(keyword, "PageSize") && ++counts.sizes > kMaxPPDSizes) {
+        return PPDFault::TooManySizes;
+    }
+    // A measure of a size that is not there adds the size.
+    if ((equalIgnoringCase(keyword, "PaperDimension") ||
+         equalIgnoringCase(keyword, "ImageableArea")) &&
+        ++counts.measures > 2 * kMaxPPDSizes) {
         return PPDFault::TooManySizes;
     }
     // Counted without regard to the option it belongs to: a limit only has to be safe.
@@ -104,6 +134,9 @@ PPDCheckResult checkPPD(std::string_view contents) noexcept
     }
     if (contents.starts_with("\x1f\x8b")) {
         return {PPDFault::Compressed, 0};
+    }
+    if (endsBeforeItsEnd(contents)) {
+        return {PPDFault::EndMark, 0};
     }
     Counts counts;
     std::size_t number = 0;
@@ -138,6 +171,12 @@ std::string_view reasonText(PPDFault fault) noexcept
         return "it has more than 4000 page sizes";
     case PPDFault::TooManyChoices:
         return "it has more than 20000 choices";
+    case PPDFault::TooManyGroups:
+        return "it has more than 1000 groups";
+    case PPDFault::TooManyCustomParameters:
+        return "it has more than 1000 custom parameters";
+    case PPDFault::EndMark:
+        return "it goes on after an end-of-file mark";
     case PPDFault::CustomSizeNotALength:
         return "the width or height of its custom page size is not given in points";
     }

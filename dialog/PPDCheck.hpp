@@ -1,8 +1,9 @@
 // PPDCheck.hpp - a look at a PPD's bytes before libcups reads them.
 //
-// libcups opens a PPD in time that grows with the square of its options and papers, follows gzip
-// silently, and its marking calls can crash on a custom page size whose width or height is no
-// length.  A file that would lead there is refused with a reason.  Plain C++.
+// libcups opens a PPD in time that grows with the square of its options, papers, groups and custom
+// parameters, follows gzip silently, and its marking calls can crash on a custom page size whose
+// width or height is no length.  A file that would lead there is refused with a reason: 2 MiB of
+// groups alone take libcups 24 seconds, all that passes here less than two.  Plain C++.
 #pragma once
 
 #include <cstddef>
@@ -14,8 +15,10 @@ namespace dialog {
 
 inline constexpr std::size_t kMaxPPDBytes = 2 * 1024 * 1024;
 inline constexpr std::size_t kMaxPPDOptions = 2000;
-inline constexpr std::size_t kMaxPPDSizes = 4000;
+inline constexpr std::size_t kMaxPPDSizes = 4000; // each with its paper and its printable area
 inline constexpr std::size_t kMaxPPDChoices = 20000;
+inline constexpr std::size_t kMaxPPDGroups = 1000; // with the groups inside groups
+inline constexpr std::size_t kMaxPPDCustomParameters = 1000;
 
 enum class PPDFault : std::uint8_t
 {
@@ -25,6 +28,9 @@ enum class PPDFault : std::uint8_t
     TooManyOptions,
     TooManySizes,
     TooManyChoices,
+    TooManyGroups,
+    TooManyCustomParameters,
+    EndMark,
     CustomSizeNotALength,
 };
 

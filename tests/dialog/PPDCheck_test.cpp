@@ -53,6 +53,42 @@ TEST(PPDCheck, CountsPageSizesUpToFourThousand)
               (PPDCheckResult{PPDFault::TooManySizes, 4002}));
 }
 
+TEST(PPDCheck, CountsTheMeasuresOfPageSizesUpToTwiceFourThousand)
+{
+    EXPECT_EQ(faultOf(kHead + repeated("*PaperDimension A: \"1 2\"\n", 4000) +
+                      repeated("*ImageableArea A: \"0 0 1 2\"\n", 4000)),
+              PPDFault::None);
+    EXPECT_EQ(checkPPD(kHead + repeated("*PaperDimension A: \"1 2\"\n", 4000) +
+                       repeated("*imageableArea A: \"0 0 1 2\"\n", 4001)),
+              (PPDCheckResult{PPDFault::TooManySizes, 8002}));
+}
+
+TEST(PPDCheck, CountsGroupsWithinGroupsAndWithoutUpToAThousand)
+{
+    EXPECT_EQ(faultOf(kHead + repeated("*OpenGroup: A/a\n*CloseGroup: A\n", 1000)), PPDFault::None);
+    EXPECT_EQ(checkPPD(kHead + repeated("*OpenGroup: A/a\n", 500) +
+                       repeated("*OpenSubGroup: B/b\n", 501)),
+              (PPDCheckResult{PPDFault::TooManyGroups, 1002}));
+}
+
+TEST(PPDCheck, CountsCustomParametersOfAllOptionsUpToAThousand)
+{
+    EXPECT_EQ(faultOf(kHead + repeated("*ParamCustomA x: 1 int 0 1\n", 1000)), PPDFault::None);
+    EXPECT_EQ(checkPPD(kHead + repeated("*ParamCustomA x: 1 int 0 1\n", 500) +
+                       repeated("*paramCustomB y: 1 int 0 1\n", 501)),
+              (PPDCheckResult{PPDFault::TooManyCustomParameters, 1002}));
+}
+
+// The library would read the two halves of such a line as one word.
+TEST(PPDCheck, AllowsAnEndOfFileMarkAtTheEndAlone)
+{
+    EXPECT_EQ(faultOf(kHead + "\x1a"), PPDFault::None);
+    EXPECT_EQ(faultOf(kHead + "\x1a\r\n\x1a\x1a"), PPDFault::None);
+    EXPECT_EQ(checkPPD(kHead + "*Par\x1a"
+                               "amCustomPageSize Width: 1 int 1 2\n"),
+              (PPDCheckResult{PPDFault::EndMark, 0}));
+}
+
 TEST(PPDCheck, CountsChoicesUpToTwentyThousandUnderWhateverOption)
 {
     EXPECT_EQ(faultOf(kHead + repeated("*A x: \"\"\n*B y/z: \"\"\n", 10000)), PPDFault::None);
@@ -82,7 +118,8 @@ TEST(PPDCheck, HasAReasonForEveryFault)
 {
     for (const PPDFault fault :
          {PPDFault::TooLarge, PPDFault::Compressed, PPDFault::TooManyOptions,
-          PPDFault::TooManySizes, PPDFault::TooManyChoices, PPDFault::CustomSizeNotALength}) {
+          PPDFault::TooManySizes, PPDFault::TooManyChoices, PPDFault::TooManyGroups,
+          PPDFault::TooManyCustomParameters, PPDFault::EndMark, PPDFault::CustomSizeNotALength}) {
         EXPECT_NE(reasonText(fault), reasonText(PPDFault::None));
         EXPECT_FALSE(reasonText(fault).empty());
     }
