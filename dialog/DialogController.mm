@@ -3,6 +3,7 @@
 #include "dialog/BuiltIn.hpp"
 #include "dialog/Document.hpp"
 #include "dialog/OutputFolder.hpp"
+#include "dialog/Places.hpp"
 #include "dialog/Text.h"
 
 #include <cstdio>
@@ -19,13 +20,6 @@ enum Pane : NSInteger
     kPanelPane = 0,
     kSummaryPane = 1
 };
-
-std::string programFolder()
-{
-    const std::string path = dialog::toString(
-        [[NSFileManager defaultManager] pathContentOfSymbolicLinkAtPath:@"/proc/self/exe"]);
-    return path.substr(0, path.rfind('/'));
-}
 
 } // namespace
 
@@ -56,7 +50,7 @@ std::string programFolder()
         line_ = line;
         status_ = dialog::ExitStatus::Printed;
         if (line_.plugin.empty()) {
-            line_.plugin = programFolder() + "/PageSettings.plugin";
+            line_.plugin = dialog::bundlePath(dialog::programFolder());
         }
         for (const auto& [keyword, choice] : line_.wanted) {
             if (keyword == "PageSize" && line_.paper.empty()) {

@@ -33,6 +33,7 @@ NSPopUpButton* makePopUp(id target, SEL action)
 {
     NSPopUpButton* const popUp = [[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO];
     [popUp setAutoenablesItems:NO];
+    [popUp setFont:[NSFont systemFontOfSize:12]];
     [popUp setTarget:target];
     [popUp setAction:action];
     return popUp;

@@ -3,6 +3,7 @@
 #include <libintl.h>
 
 #include <clocale>
+#include <cstdlib>
 
 namespace dialog {
 
@@ -35,9 +36,11 @@ std::string filled(std::string_view pattern, std::initializer_list<std::string_v
     return text;
 }
 
-void openCatalogues(const std::string& folder)
+void openCatalogue(const std::string& folder, std::string_view name)
 {
-    std::setlocale(LC_MESSAGES, "");
+    // Any locale but "C" will do: gettext then reads LANGUAGE alone.  This one is always there.
+    setenv("LANGUAGE", std::string(name).c_str(), 1);
+    std::setlocale(LC_MESSAGES, "C.UTF-8");
     bindtextdomain(kDomain, folder.c_str());
     bind_textdomain_codeset(kDomain, "UTF-8");
 }

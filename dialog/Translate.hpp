@@ -18,9 +18,9 @@ const char* tr(const char* english) noexcept;
 // `pattern` with {1} to {9} replaced by the parts as they are.  A place without a part stays.
 std::string filled(std::string_view pattern, std::initializer_list<std::string_view> parts);
 
-// Once, before any other thread: where the catalogues are (<folder>/<language>/LC_MESSAGES), and
-// the language that the environment asks for.  Numbers, dates and sorting of the process stay as
-// they are.
-void openCatalogues(const std::string& folder);
+// Once, before any other thread: where the catalogues are (<folder>/<name>/LC_MESSAGES), and the
+// name of the one to read.  The locale need not be installed; numbers, dates and sorting of the
+// process stay as they are.
+void openCatalogue(const std::string& folder, std::string_view name);
 
 } // namespace dialog

@@ -6,12 +6,17 @@
 #include "dialog/KeepToOneself.h"
 #include "dialog/Messages.hpp"
 #include "dialog/OwnPasteboard.h"
+#include "dialog/Places.hpp"
+#include "dialog/Translate.hpp"
+#include "dialog/language/Language.hpp"
+#include "dialog/language/SpeakLanguage.h"
 #include "dialog/theme/DesktopSettings.hpp"
 #include "dialog/theme/TapeTheme.h"
 
 #include <AppKit/AppKit.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <string_view>
 #include <vector>
 
@@ -32,7 +37,19 @@ NSApplication* openApplication()
     }
 }
 
-dialog::ExitStatus run(const dialog::CommandLine& line)
+std::string_view variable(const char* name)
+{
+    const char* const value = std::getenv(name);
+    return value == nullptr ? std::string_view() : value;
+}
+
+const dialog::Language& wantedLanguage()
+{
+    return dialog::languageFor(
+        {variable("LANGUAGE"), variable("LC_ALL"), variable("LC_MESSAGES"), variable("LANG")});
+}
+
+dialog::ExitStatus run(const dialog::CommandLine& line, const dialog::Language& language)
 {
     NSApplication* const application = openApplication();
     if (application == nil) {
@@ -40,6 +57,7 @@ dialog::ExitStatus run(const dialog::CommandLine& line)
         std::fprintf(stderr, "tape-print: %s\n", failure.text.c_str());
         return failure.status;
     }
+    dialog::useFontFor(language);
     dialog::useTheme(dialog::appearanceOnThisDesktop(line.appearance));
     DialogController* const controller = [[DialogController alloc] initWithCommandLine:line];
     [application setDelegate:(id)controller];
@@ -54,6 +72,8 @@ dialog::ExitStatus run(const dialog::CommandLine& line)
 
 int main(int argc, char** argv, char** environment)
 {
+    const dialog::Language& language = wantedLanguage();
+    dialog::openCatalogue(dialog::cataloguesFolder(dialog::programFolder()), language.catalogue);
     std::vector<std::string_view> words(argv + (argc > 0 ? 1 : 0), argv + argc);
     const dialog::CommandLine line = dialog::parseCommandLine(words);
     if (!line.error.empty()) {
@@ -73,9 +93,10 @@ int main(int argc, char** argv, char** environment)
     // The toolkit takes every plain word for a file to open and every -word for a default.
     [NSProcessInfo initializeWithArguments:argv count:1 environment:environment];
     [[NSUserDefaults standardUserDefaults] registerDefaults:@{@"GSSuppressAppIcon" : @"YES"}];
+    dialog::speak(language);
     dialog::keepToOneself();
     dialog::setUpPasteboards();
-    const dialog::ExitStatus status = run(line);
+    const dialog::ExitStatus status = run(line, language);
     [pool drain];
     return statusNumber(status);
 }
