@@ -5,6 +5,7 @@
 #include "dialog/OutputFolder.hpp"
 #include "dialog/Places.hpp"
 #include "dialog/Text.h"
+#include "dialog/Translate.hpp"
 
 #include <cstdio>
 #include <cstdlib>
@@ -206,7 +207,8 @@ enum Pane : NSInteger
     loaded_ = [[LoadedPanel panelFromBundle:line_.plugin host:host_ failure:panelFailure_] retain];
     NSString* const name = [loaded_ name];
     [window_ fill:[window_ chooser]
-             with:{name == nil ? std::string("Page Settings") : dialog::toString(name), "Summary"}];
+             with:{name == nil ? std::string(dialog::tr("Page Settings")) : dialog::toString(name),
+                   dialog::tr("Summary")}];
     [self showPane:kPanelPane];
     if (loaded_ == nil) {
         [self report:panelFailure_];

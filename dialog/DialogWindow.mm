@@ -123,12 +123,12 @@ NSPopUpButton* openPopUpIn(NSView* view)
                                                backing:NSBackingStoreBuffered
                                                  defer:NO];
     [window_ setReleasedWhenClosed:NO];
-    [window_ setTitle:@"Print Label"];
+    [window_ setTitle:dialog::localized("Print Label")];
     [window_ setDelegate:(id)controller];
 
-    printerLabel_ = makeLabel(@"Printer:", NSRightTextAlignment);
-    tapeLabel_ = makeLabel(@"Tape:", NSRightTextAlignment);
-    copiesLabel_ = makeLabel(@"Copies:", NSRightTextAlignment);
+    printerLabel_ = makeLabel(dialog::localized("Printer:"), NSRightTextAlignment);
+    tapeLabel_ = makeLabel(dialog::localized("Tape:"), NSRightTextAlignment);
+    copiesLabel_ = makeLabel(dialog::localized("Copies:"), NSRightTextAlignment);
     printer_ = makePopUp(controller, @selector(choosePrinter:));
     tape_ = makePopUp(controller, @selector(chooseTape:));
     chooser_ = makePopUp(controller, @selector(choosePane:));
@@ -150,8 +150,8 @@ NSPopUpButton* openPopUpIn(NSView* view)
     message_ = makeLabel(@"", NSLeftTextAlignment);
     [message_ setFont:[NSFont systemFontOfSize:11]];
     [[message_ cell] setWraps:YES];
-    cancel_ = makeButton(@"Cancel", @"\e", controller, @selector(cancelDialog:));
-    print_ = makeButton(@"Print", @"\r", controller, @selector(printDialog:));
+    cancel_ = makeButton(dialog::localized("Cancel"), @"\e", controller, @selector(cancelDialog:));
+    print_ = makeButton(dialog::localized("Print"), @"\r", controller, @selector(printDialog:));
 
     NSView* const content = [window_ contentView];
     for (NSView* view in @[

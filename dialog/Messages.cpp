@@ -1,33 +1,30 @@
 #include "dialog/Messages.hpp"
 
-#include <initializer_list>
+#include "dialog/Translate.hpp"
 
 namespace dialog {
 
 namespace {
 
-std::string joined(std::initializer_list<std::string_view> parts)
-{
-    std::string sentence;
-    for (const std::string_view part : parts) {
-        sentence += part;
-    }
-    return sentence;
-}
-
 std::string quoted(std::string_view text)
 {
-    return joined({"\"", shown(text), "\""});
+    return filled(tr("\"{1}\""), {shown(text)});
 }
 
-// ": reason." or "." when there is none; a reason's own full stop is not doubled.
-std::string ending(std::string_view reason)
+// A sentence with its reason, if there is one; a reason's own full stop is not doubled.
+std::string because(std::string_view sentence, std::string_view reason)
 {
     std::string text = shown(reason);
     while (!text.empty() && (text.back() == '.' || text.back() == ' ')) {
         text.pop_back();
     }
-    return text.empty() ? "." : joined({": ", text, "."});
+    return text.empty() ? filled(tr("{1}."), {sentence})
+                        : filled(tr("{1}: {2}."), {sentence, text});
+}
+
+Failure missingPanel(const char* pattern, std::string_view path)
+{
+    return {filled(pattern, {quoted(path)}), ExitStatus::NoPanel};
 }
 
 } // namespace
@@ -56,142 +53,141 @@ std::string shown(std::string_view text, std::size_t most)
 
 Failure noDisplay()
 {
-    return {"No window can be opened: there is no display, or it does not answer.",
+    return {tr("No window can be opened: there is no display, or it does not answer."),
             ExitStatus::NoDisplay};
 }
 
 Failure bundleNotFound(std::string_view path)
 {
-    return {
-        joined({"The Page Settings panel is missing: there is no bundle at ", quoted(path), "."}),
-        ExitStatus::NoPanel};
+    return missingPanel(tr("The Page Settings panel is missing: there is no bundle at {1}."), path);
 }
 
 Failure bundleNotLoadable(std::string_view path)
 {
-    return {joined({"The Page Settings panel is missing: the bundle ", quoted(path),
-                    " could not be loaded."}),
-            ExitStatus::NoPanel};
+    return missingPanel(
+        tr("The Page Settings panel is missing: the bundle {1} could not be loaded."), path);
 }
 
 Failure bundleNotAPlugin(std::string_view path)
 {
-    return {joined({"The Page Settings panel is missing: the bundle ", quoted(path),
-                    " is no print-dialog extension."}),
-            ExitStatus::NoPanel};
+    return missingPanel(
+        tr("The Page Settings panel is missing: the bundle {1} is no print-dialog extension."),
+        path);
 }
 
 Failure bundleRefusesSystem(std::string_view path)
 {
-    return {joined({"The Page Settings panel is missing: the bundle ", quoted(path),
-                    " refuses this release of the operating system."}),
-            ExitStatus::NoPanel};
+    return missingPanel(tr("The Page Settings panel is missing: the bundle {1} refuses this "
+                           "release of the operating system."),
+                        path);
 }
 
 Failure noPanelForType(std::string_view path)
 {
-    return {joined({"The Page Settings panel is missing: the bundle ", quoted(path),
-                    " has no panel for the print dialog."}),
-            ExitStatus::NoPanel};
+    return missingPanel(tr("The Page Settings panel is missing: the bundle {1} has no panel for "
+                           "the print dialog."),
+                        path);
 }
 
 Failure panelWithoutView(std::string_view path)
 {
-    return {joined({"The Page Settings panel is missing: the panel of the bundle ", quoted(path),
-                    " has no view."}),
-            ExitStatus::NoPanel};
+    return missingPanel(
+        tr("The Page Settings panel is missing: the panel of the bundle {1} has no view."), path);
 }
 
 Failure serverSilent(std::string_view server, std::string_view reason)
 {
-    return {joined({"The print server ", quoted(server), " does not answer", ending(reason)}),
+    return {because(filled(tr("The print server {1} does not answer"), {quoted(server)}), reason),
             ExitStatus::NoPrinter};
 }
 
 Failure noSuchPrinter(std::string_view name)
 {
-    return {joined({"There is no printer named ", quoted(name), "."}), ExitStatus::NoPrinter};
+    return {filled(tr("There is no printer named {1}."), {quoted(name)}), ExitStatus::NoPrinter};
 }
 
 Failure printerWithoutPPD(std::string_view name, std::string_view reason)
 {
-    return {joined({"The printer ", quoted(name), " offers no PPD", ending(reason)}),
+    return {because(filled(tr("The printer {1} offers no PPD"), {quoted(name)}), reason),
             ExitStatus::BadPPD};
 }
 
 Failure noSuchPaper(std::string_view paper, std::string_view printer)
 {
-    return {joined({"The printer ", quoted(printer), " has no tape named ", quoted(paper), "."}),
+    return {filled(tr("The printer {1} has no tape named {2}."), {quoted(printer), quoted(paper)}),
             ExitStatus::NoPrinter};
 }
 
 Failure ppdNotReadable(std::string_view name, std::string_view reason)
 {
-    return {joined({"The PPD ", quoted(name), " cannot be read", ending(reason)}),
+    return {because(filled(tr("The PPD {1} cannot be read"), {quoted(name)}), reason),
             ExitStatus::BadPPD};
 }
 
 Failure ppdRefused(std::string_view name, const PPDCheckResult& found)
 {
-    const std::string place =
-        found.line == 0 ? std::string() : joined({" (line ", std::to_string(found.line), ")"});
-    return {
-        joined({"The PPD ", quoted(name), " is not used: ", reasonText(found.fault), place, "."}),
-        ExitStatus::BadPPD};
+    const std::string reason(reasonText(found.fault));
+    return {found.line == 0 ? filled(tr("The PPD {1} is not used: {2}."), {quoted(name), reason})
+                            : filled(tr("The PPD {1} is not used: {2} (line {3})."),
+                                     {quoted(name), reason, std::to_string(found.line)}),
+            ExitStatus::BadPPD};
 }
 
 Failure ppdDamaged(std::string_view name, int line, std::string_view reason)
 {
-    const std::string place =
-        line <= 0 ? std::string() : joined({" in line ", std::to_string(line)});
-    return {joined({"The PPD ", quoted(name), " is damaged", place, ending(reason)}),
+    return {because(line <= 0 ? filled(tr("The PPD {1} is damaged"), {quoted(name)})
+                              : filled(tr("The PPD {1} is damaged in line {2}"),
+                                       {quoted(name), std::to_string(line)}),
+                    reason),
             ExitStatus::BadPPD};
 }
 
 Failure documentNotReadable(std::string_view path, std::string_view reason)
 {
-    return {joined({"The document ", quoted(path), " cannot be read", ending(reason)}),
+    return {because(filled(tr("The document {1} cannot be read"), {quoted(path)}), reason),
             ExitStatus::NoDocument};
 }
 
 Failure copiesNotUnderstood(std::string_view text)
 {
-    return {joined({"The number of copies must be a whole number from 1 to 999, not ", quoted(text),
-                    "."}),
+    return {filled(tr("The number of copies must be a whole number from 1 to 999, not {1}."),
+                   {quoted(text)}),
             ExitStatus::NotPrinted};
 }
 
 Failure panelHoldsJob()
 {
-    return {"The Page Settings panel holds the job back. Check its settings and print again.",
+    return {tr("The Page Settings panel holds the job back. Check its settings and print again."),
             ExitStatus::NotPrinted};
 }
 
 Failure jobRefused(std::string_view printer, std::string_view reason)
 {
-    return {joined({"The print server did not take the job for ", quoted(printer), ending(reason)}),
+    return {because(filled(tr("The print server did not take the job for {1}"), {quoted(printer)}),
+                    reason),
             ExitStatus::NotPrinted};
 }
 
 Failure outputNotWritten(std::string_view folder, std::string_view reason)
 {
-    return {joined({"Nothing could be printed into the folder ", quoted(folder), ending(reason)}),
+    return {because(filled(tr("Nothing could be printed into the folder {1}"), {quoted(folder)}),
+                    reason),
             ExitStatus::NotPrinted};
 }
 
 Failure fileNotWritten(std::string_view path)
 {
-    return {joined({"The file ", quoted(path), " cannot be written."}), ExitStatus::NotWritten};
+    return {filled(tr("The file {1} cannot be written."), {quoted(path)}), ExitStatus::NotWritten};
 }
 
 std::string jobSent(std::string_view printer, int jobId)
 {
-    return joined({"Printed on ", quoted(printer), " as job ", std::to_string(jobId), "."});
+    return filled(tr("Printed on {1} as job {2}."), {quoted(printer), std::to_string(jobId)});
 }
 
 std::string jobWritten(std::string_view folder)
 {
-    return joined({"Printed into the folder ", quoted(folder), "."});
+    return filled(tr("Printed into the folder {1}."), {quoted(folder)});
 }
 
 } // namespace dialog

@@ -1,5 +1,7 @@
 #include "dialog/PPDCheck.hpp"
 
+#include "dialog/Translate.hpp"
+
 namespace dialog {
 
 namespace {
@@ -160,27 +162,27 @@ std::string_view reasonText(PPDFault fault) noexcept
 {
     switch (fault) {
     case PPDFault::None:
-        return "nothing is wrong with it";
+        return tr("nothing is wrong with it");
     case PPDFault::TooLarge:
-        return "it is larger than 2 MiB";
+        return tr("it is larger than 2 MiB");
     case PPDFault::Compressed:
-        return "it is compressed";
+        return tr("it is compressed");
     case PPDFault::TooManyOptions:
-        return "it has more than 2000 options";
+        return tr("it has more than 2000 options");
     case PPDFault::TooManySizes:
-        return "it has more than 4000 page sizes";
+        return tr("it has more than 4000 page sizes");
     case PPDFault::TooManyChoices:
-        return "it has more than 20000 choices";
+        return tr("it has more than 20000 choices");
     case PPDFault::TooManyGroups:
-        return "it has more than 1000 groups";
+        return tr("it has more than 1000 groups");
     case PPDFault::TooManyCustomParameters:
-        return "it has more than 1000 custom parameters";
+        return tr("it has more than 1000 custom parameters");
     case PPDFault::EndMark:
-        return "it goes on after an end-of-file mark";
+        return tr("it goes on after an end-of-file mark");
     case PPDFault::CustomSizeNotALength:
-        return "the width or height of its custom page size is not given in points";
+        return tr("the width or height of its custom page size is not given in points");
     }
-    return "it cannot be used";
+    return tr("it cannot be used");
 }
 
 } // namespace dialog

@@ -1,5 +1,7 @@
 #include "dialog/Printers.hpp"
 
+#include "dialog/Translate.hpp"
+
 namespace dialog {
 
 namespace {
@@ -23,8 +25,8 @@ std::vector<PrinterEntry> printersToOffer(const CommandLine& line, const std::ve
     printers.reserve(line.ppdFiles.size() + queues.size() + 1);
     for (const std::string& path : line.ppdFiles) {
         const std::string name = nameOfPPD(path);
-        printers.push_back(
-            {PrinterKind::PPDFile, name, name + " (PPD file)", line.deviceURI, path});
+        printers.push_back({PrinterKind::PPDFile, name, filled(tr("{1} (PPD file)"), {name}),
+                            line.deviceURI, path});
     }
     for (const Queue& queue : queues) {
         const std::string& title = queue.info.empty() ? queue.name : queue.info;
@@ -32,7 +34,7 @@ std::vector<PrinterEntry> printersToOffer(const CommandLine& line, const std::ve
     }
     printers.push_back({PrinterKind::Sample,
                         std::string(kSamplePrinter),
-                        std::string(kSamplePrinter) + " (prints into a folder)",
+                        filled(tr("{1} (prints into a folder)"), {kSamplePrinter}),
                         "usb://Sample/Tape",
                         {}});
     return printers;

@@ -1,6 +1,7 @@
 #include "dialog/SummaryView.h"
 
 #include "dialog/Text.h"
+#include "dialog/Translate.hpp"
 
 #include <algorithm>
 
@@ -61,8 +62,8 @@ NSView* summaryView(const std::vector<SummaryLine>& lines, NSString* title, NSSi
     const CGFloat middle = floor(room.width * 0.45);
     CGFloat y = kTop + kHeading;
     for (const SummaryLine& line : lines) {
-        [rows addSubview:text(toNSString(line.title + ":"), NSMakeRect(0, y, middle, kRow),
-                              NSRightTextAlignment, plain)];
+        [rows addSubview:text(toNSString(filled(tr("{1}:"), {line.title})),
+                              NSMakeRect(0, y, middle, kRow), NSRightTextAlignment, plain)];
         [rows addSubview:text(toNSString(line.value),
                               NSMakeRect(middle + kGap, y, room.width - middle - kGap, kRow),
                               NSLeftTextAlignment, plain)];
