@@ -2,6 +2,7 @@
 
 #include "dialog/BuiltIn.hpp"
 #include "dialog/Document.hpp"
+#include "dialog/JobPageSize.hpp"
 #include "dialog/OutputFolder.hpp"
 #include "dialog/Places.hpp"
 #include "dialog/Text.h"
@@ -374,8 +375,9 @@ enum Pane : NSInteger
             return dialog::panelHoldsJob();
         }
     }
-    const std::vector<dialog::JobOption> options =
-        dialog::optionsToSend([host_ options], [host_ paperName], copies);
+    const std::vector<dialog::JobOption> options = dialog::optionsToSend(
+        [host_ options], dialog::pageSizeToSend([host_ ppd], [host_ paperName], [host_ options]),
+        copies);
     const std::string title = dialog::jobTitle(line_.title, document.name());
     if (printer.kind == dialog::PrinterKind::Queue) {
         const dialog::SentJob sent =

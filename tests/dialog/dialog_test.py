@@ -79,7 +79,7 @@ def edits_by_keys_and_mouse_end_as_options_in_the_folder():
         dialog.end(0)
         # The second resolution takes the first quality.
         equal(dialog.job_in_folder(),
-              {"PageSize": "TC24", "VnTapeLength": "62.5", "VnMargin": "4.2",
+              {"PageSize": "Custom.24x62.5mm", "VnTapeLength": "62.5", "VnMargin": "4.2",
                "VnPriority": "Speed", "Resolution": "300x600dpi", "VnCompress": "Off"},
               "options")
         check("Printed into the folder" in dialog.read_answers(), "the answer names no folder")
@@ -210,7 +210,7 @@ def a_typed_length_survives_another_tape():
         dialog.press(dialog.wait("Print"))
         dialog.end(0)
         job = dialog.job_in_folder()
-        equal((job["PageSize"], job["VnTapeLength"]), ("TC12", "77.0"), "tape and length")
+        equal((job["PageSize"], job["VnTapeLength"]), ("Custom.12x77mm", "77.0"), "tape and length")
 
 
 @test
@@ -291,8 +291,8 @@ def wanted_values_are_shown_and_printed():
         dialog.press(dialog.wait("Print"))
         dialog.end(0)
         equal(dialog.job_in_folder(),
-              {"PageSize": "TC18", "copies": "2", "VnTapeLength": "48.0", "VnMargin": "5.5",
-               "VnPriority": "Speed", "Resolution": "300x600dpi", "VnCompress": "Off"},
+              {"PageSize": "Custom.18x48mm", "copies": "2", "VnTapeLength": "48.0",
+               "VnMargin": "5.5", "VnPriority": "Speed", "Resolution": "300x600dpi", "VnCompress": "Off"},
               "options")
 
 
@@ -396,7 +396,7 @@ def a_damaged_ppd_leaves_the_window_usable():
             dialog.wait(FIELD, "100.0", LENGTH)
             dialog.press(dialog.wait("Print"))
             dialog.end(0)
-            equal(dialog.job_in_folder()["PageSize"], "TC24", "tape")
+            equal(dialog.job_in_folder()["PageSize"], "Custom.24x100mm", "tape")
 
 
 @test
@@ -479,7 +479,7 @@ def edits_in_millimetres_arrive_at_the_server():
             equal(dialog.read_answers(), 'Printed on "tape" as job 1.\n', "answer")
         job = arrived()
         equal(job["options"],
-              {"PageSize": "TC18", "VnTapeLength": "62.5", "VnMargin": "4.2",
+              {"PageSize": "Custom.18x62.5mm", "VnTapeLength": "62.5", "VnMargin": "4.2",
                "VnPriority": "Speed", "Resolution": "300x300dpi", "VnCompress": "Off"},
               "options")
         equal(job["title"].decode("utf-8"), title, "title")
@@ -502,8 +502,8 @@ def edits_in_inches_arrive_at_the_server():
     job = arrived()
     # 1.5 / 0.0393701 = 38.09998 to one decimal; 0.25 / 0.0393701 = 6.34999 up to tenths.
     equal(job["options"],
-          {"PageSize": "TC24", "VnTapeLength": "38.1", "VnMargin": "6.4", "VnPriority": "Speed",
-           "Resolution": "300x600dpi", "VnCompress": "On"},
+          {"PageSize": "Custom.24x38.1mm", "VnTapeLength": "38.1", "VnMargin": "6.4",
+           "VnPriority": "Speed", "Resolution": "300x600dpi", "VnCompress": "On"},
           "options")
     equal(job["title"], b"label.png", "title")
     with open(SAMPLES + "/label.png", "rb") as file:

@@ -11,10 +11,12 @@ import sys
 import time
 
 sys.dont_write_bytecode = True
-sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+HERE = os.path.dirname(os.path.abspath(__file__))
+sys.path[:0] = [HERE, os.path.join(os.path.dirname(HERE), "support")]
 from dialog_test import (FIELD, LENGTH, MARGIN, PROGRAM, TESTS, arrived, ppd,  # noqa: E402
                          test)
 from drive import Dialog, Failed, check, equal, nudge, wait_for, xdotool  # noqa: E402
+from ipp import job_attributes  # noqa: E402
 
 SLIDER = "NSSlider"
 A_WHILE = 0.5  # seconds; several times as long as the dialog takes to show a change
@@ -312,7 +314,8 @@ def a_network_printers_compression_takes_no_clicks():
         equal(dialog.job_in_folder()["VnCompress"], "On", "compression")
 
 
-# Jobs: for every sample printer, what was set and nothing else.
+# Jobs: for every sample printer, what was set and nothing else.  A tape whose length is the user's
+# arrives as a page of that length.
 
 def printed(queue, edits, **expected):
     """Makes the edits in a dialog for the queue, prints, and compares the job's options."""
@@ -324,6 +327,8 @@ def printed(queue, edits, **expected):
         dialog.end(0)
         number = re.search(r"as job (\d+)\.", dialog.read_answers()).group(1)
     equal(arrived(int(number))["options"], expected, "options of " + queue)
+    kept = job_attributes(number)
+    equal({name: kept.get(name) for name in expected}, expected, "what the server says of the job")
 
 
 @test
@@ -334,7 +339,7 @@ def every_option_arrives_as_set():
         dialog.choose("NSPopUpButton", "Quality, 300 x 600 dpi")
         select(dialog, "Speed First", "Off")
     # The resolution rows give way to the print mode and keep the printer's default.
-    printed("all", edits, PageSize="TC24", VnTapeLength="62.5", VnMargin="4.2",
+    printed("all", edits, PageSize="Custom.24x62.5mm", VnTapeLength="62.5", VnMargin="4.2",
             VnPriority="Speed", Resolution="300x300dpi", VnCompress="Off",
             VnResolution="Q300x600")
 
@@ -346,7 +351,7 @@ def a_printer_with_few_options_gets_only_those():
         type_margin(dialog, "2.5")
         dialog.choose("Tape", "12 mm tape")
         select(dialog, "Speed First", "Quality First")
-    printed("few", edits, PageSize="TC12", VnTapeLength="45.5", VnMargin="2.5",
+    printed("few", edits, PageSize="Custom.12x45.5mm", VnTapeLength="45.5", VnMargin="2.5",
             VnPriority="Quality")
 
 
@@ -358,7 +363,7 @@ def any_of_five_rows_arrives_as_chosen():
         # The quality is free only beside the first resolution.
         check(not dialog.wait("cell", "Finest").enabled, "quality beside the second resolution")
         select(dialog, "150 x 150 dpi", "Finest", "High")
-    printed("five-choices", edits, PageSize="TC24", VnTapeLength="80.0", VnMargin="7.5",
+    printed("five-choices", edits, PageSize="Custom.24x80mm", VnTapeLength="80.0", VnMargin="7.5",
             VnPriority="Finest", Resolution="150x150dpi", VnCompress="High")
 
 
@@ -369,7 +374,7 @@ def inches_arrive_in_millimetres():
         type_margin(dialog, "0.32")
         select(dialog, "Speed First", "Off")
     # 2.25 / 0.0393701 = 57.14997 to one decimal; 0.32 / 0.0393701 = 8.12800 up to tenths.
-    printed("inches", edits, PageSize="TC24", VnTapeLength="57.1", VnMargin="8.2",
+    printed("inches", edits, PageSize="Custom.24x57.1mm", VnTapeLength="57.1", VnMargin="8.2",
             VnPriority="Speed", Resolution="300x300dpi", VnCompress="Off")
 
 
@@ -381,7 +386,7 @@ def a_network_printer_keeps_its_compression():
         dialog.press(dialog.wait("cell", "Off"))
         select(dialog, "300 x 600 dpi")
     # The second resolution takes the first quality; a margin goes up to tenths.
-    printed("network", edits, PageSize="TC24", VnTapeLength="33.3", VnMargin="6.1",
+    printed("network", edits, PageSize="Custom.24x33.3mm", VnTapeLength="33.3", VnMargin="6.1",
             VnPriority="Speed", Resolution="300x600dpi", VnCompress="On")
 
 
@@ -403,8 +408,8 @@ def a_print_mode_arrives_without_resolution_or_quality():
         dialog.choose("NSPopUpButton", "Quality, 300 x 300 dpi")
         # Compression goes with the resolution option, which this printer lacks.
         dialog.press(dialog.wait("cell", "Off"))
-    printed("print-mode", edits, PageSize="TC24", VnTapeLength="120.5", VnMargin="10.5",
-            VnCompress="On", VnResolution="Q300x300")
+    printed("print-mode", edits, PageSize="Custom.24x120.5mm", VnTapeLength="120.5",
+            VnMargin="10.5", VnCompress="On", VnResolution="Q300x300")
 
 
 @test
@@ -414,7 +419,7 @@ def values_outside_the_limits_arrive_as_the_limits():
         type_length(dialog, "5000")
         type_margin(dialog, "0.5")
         select(dialog, "Quality First", "300 x 600 dpi", "Off")
-    printed("resolution", edits, PageSize="TC18", VnTapeLength="1000.0", VnMargin="1.0",
+    printed("resolution", edits, PageSize="Custom.18x1000mm", VnTapeLength="1000.0", VnMargin="1.0",
             VnPriority="Speed", Resolution="300x600dpi", VnCompress="Off")
 
 
@@ -425,8 +430,8 @@ def a_length_made_longer_for_its_margins_arrives():
         type_length(dialog, "30")
         type_margin(dialog, "20")
         dismissed_once(dialog, press_return)
-    printed("three-resolutions", edits, PageSize="TC24", VnTapeLength="40.1", VnMargin="20.0",
-            VnPriority="Speed", Resolution="360x720dpi", VnCompress="Off")
+    printed("three-resolutions", edits, PageSize="Custom.24x40.1mm", VnTapeLength="40.1",
+            VnMargin="20.0", VnPriority="Speed", Resolution="360x720dpi", VnCompress="Off")
 
 
 @test
@@ -436,7 +441,7 @@ def whole_numbers_arrive_rounded_up():
         type_length(dialog, "62.5")
         type_margin(dialog, "4.2")
         select(dialog, "Speed First", "300 x 600 dpi", "300 x 300 dpi", "Off")
-    printed("whole", edits, PageSize="TC9", VnTapeLength="63", VnMargin="5",
+    printed("whole", edits, PageSize="Custom.9x63mm", VnTapeLength="63", VnMargin="5",
             VnPriority="Speed", Resolution="300x300dpi", VnCompress="Off")
 
 
