@@ -30,6 +30,7 @@ struct CommandLine
     std::string paper;                                       // empty: the PPD's default
     std::int32_t copies = kMinCopies;                        // kMinCopies to kMaxCopies
     std::string title;                                       // empty: the document's name
+    std::string preset;                                      // empty: none
     std::string output = "out";                              // where printers without a queue print
     std::string screenshot;                                  // empty: none
     std::string listControls;                                // empty: none
@@ -37,6 +38,7 @@ struct CommandLine
     WantedAppearance appearance = WantedAppearance::Auto;
     bool printAtOnce = false;
     bool showSummary = false;
+    bool noMemory = false;
     bool help = false;
     bool version = false;
 
