@@ -8,8 +8,14 @@
 #include "dialog/PanelHost.h"
 #include "dialog/PanelLoader.h"
 #include "dialog/Printers.hpp"
+#include "dialog/background/PrinterFinder.hpp"
+#include "dialog/background/PrinterOpener.hpp"
 
 #include <AppKit/AppKit.h>
+
+#include <memory>
+#include <string>
+#include <vector>
 
 @interface DialogController : NSObject <DialogActions, PanelHostDelegate>
 {
@@ -23,6 +29,13 @@
     PanelHost* host_;
     LoadedPanel* loaded_; // nil when there is no panel
     NSTimer* listing_;
+    std::unique_ptr<dialog::PrinterFinder> finder_;
+    dialog::PrinterOpener opener_;
+    std::string paperToOpen_; // the tape that the printer being opened is to start with
+    BOOL isOpen_;             // the current printer's PPD is there
+    BOOL paperIsUnchecked_;
+    BOOL hasActed_;
+    BOOL wasShown_; // and what waits for that may begin
 }
 
 // `line` was understood.

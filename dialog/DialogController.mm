@@ -1,21 +1,23 @@
 #include "dialog/DialogController.h"
 
-#include "dialog/BuiltIn.hpp"
+#include "dialog/DialogController+Printers.h"
 #include "dialog/Document.hpp"
 #include "dialog/JobPageSize.hpp"
 #include "dialog/OutputFolder.hpp"
 #include "dialog/Places.hpp"
 #include "dialog/Text.h"
 #include "dialog/Translate.hpp"
+#include "dialog/background/Leaving.hpp"
 
 #include <cstdio>
-#include <cstdlib>
 
 namespace {
 
 // Long enough for the window manager to have placed the window.
 constexpr NSTimeInterval kShownDelay = 0.4;
 constexpr NSTimeInterval kListingInterval = 0.1;
+// A server that hangs is not waited for when the window closes.
+constexpr std::chrono::milliseconds kLeavingPatience{300};
 
 enum Pane : NSInteger
 {
@@ -27,9 +29,7 @@ enum Pane : NSInteger
 
 @interface DialogController (Steps)
 - (void)report:(const dialog::Failure&)failure;
-- (void)findPrinters;
-- (void)openPrinter:(std::size_t)index paper:(const std::string&)paper;
-- (dialog::PPDFile)openPPDOf:(const dialog::PrinterEntry&)printer failure:(dialog::Failure&)failure;
+- (void)checkDocument;
 - (void)closePanel;
 - (void)openPanel;
 - (void)fillTapes;
@@ -80,17 +80,15 @@ enum Pane : NSInteger
 
 - (void)applicationDidFinishLaunching:(NSNotification*)notification
 {
+    // The server has time to answer while the window is made.
+    [self beginLooking];
     window_ = [[DialogWindow alloc] initWithController:self];
     [[window_ copiesField] setIntValue:line_.copies];
     [[window_ stepper] setMinValue:dialog::kMinCopies];
     [[window_ stepper] setMaxValue:dialog::kMaxCopies];
     [[window_ stepper] setIntValue:line_.copies];
 
-    [self findPrinters];
-    [self openPrinter:current_ paper:line_.paper];
-    if (const dialog::Document document = dialog::Document::open(line_.document); !document.ok()) {
-        [self report:document.failure()];
-    }
+    [self showFirstPrinters];
     [[window_ window] center];
     [NSApp activateIgnoringOtherApps:YES];
     [[window_ window] makeKeyAndOrderFront:nil];
@@ -117,70 +115,11 @@ enum Pane : NSInteger
     status_ = failure.status;
 }
 
-- (void)findPrinters
+- (void)checkDocument
 {
-    const dialog::QueueList list = dialog::listQueues();
-    printers_ = dialog::printersToOffer(line_, list.queues);
-    current_ = 0;
-    if (!line_.printer.empty()) {
-        if (const auto found = dialog::findPrinter(printers_, line_.printer)) {
-            current_ = *found;
-        } else {
-            [self report:list.failure ? list.failure : dialog::noSuchPrinter(line_.printer)];
-        }
-    } else if (list.failure) {
-        // The other printers work without a server, so this alone is no failure: a hint.
-        [window_ showMessage:dialog::toNSString(list.failure.text) isFailure:NO];
+    if (const dialog::Document document = dialog::Document::open(line_.document); !document.ok()) {
+        [self report:document.failure()];
     }
-    std::vector<std::string> titles;
-    titles.reserve(printers_.size());
-    for (const dialog::PrinterEntry& printer : printers_) {
-        titles.push_back(printer.title);
-    }
-    [window_ fill:[window_ printerPopUp] with:titles];
-    [[window_ printerPopUp] selectItemAtIndex:static_cast<NSInteger>(current_)];
-}
-
-- (dialog::PPDFile)openPPDOf:(const dialog::PrinterEntry&)printer failure:(dialog::Failure&)failure
-{
-    switch (printer.kind) {
-    case dialog::PrinterKind::PPDFile:
-        return dialog::PPDFile::fromPath(printer.ppdPath, failure);
-    case dialog::PrinterKind::Queue: {
-        const std::string bytes = dialog::fetchPPD(printer.name, failure);
-        return failure ? dialog::PPDFile()
-                       : dialog::PPDFile::fromBytes(printer.name, bytes, failure);
-    }
-    case dialog::PrinterKind::Sample:
-        break;
-    }
-    return dialog::PPDFile::fromBytes(printer.name, dialog::samplePPD(), failure);
-}
-
-- (void)openPrinter:(std::size_t)index paper:(const std::string&)paper
-{
-    [self closePanel];
-    [host_ setDelegate:nil];
-    [host_ release];
-    host_ = nil;
-    current_ = index;
-
-    const dialog::PrinterEntry& printer = printers_[index];
-    dialog::Failure failure;
-    dialog::PPDFile ppd = [self openPPDOf:printer failure:failure];
-    if (failure) {
-        [self report:failure];
-    }
-    host_ = [[PanelHost alloc] initWithPrinter:printer.name deviceURI:printer.deviceURI
-                                           ppd:std::move(ppd)
-                                         paper:paper
-                                        wanted:line_.wanted];
-    [host_ setDelegate:self];
-    [self fillTapes];
-    if (!paper.empty() && !failure && [host_ paperName] != paper) {
-        [self report:dialog::noSuchPaper(paper, printer.name)];
-    }
-    [self openPanel];
 }
 
 - (void)fillTapes
@@ -269,13 +208,9 @@ enum Pane : NSInteger
 - (void)choosePrinter:(id)sender
 {
     const NSInteger index = [[window_ printerPopUp] indexOfSelectedItem];
-    if (index < 0 || static_cast<std::size_t>(index) >= printers_.size() ||
-        static_cast<std::size_t>(index) == current_) {
-        return;
+    if (index >= 0) {
+        [self chooseAnother:static_cast<std::size_t>(index)];
     }
-    status_ = dialog::ExitStatus::Printed;
-    [window_ showMessage:@"" isFailure:NO];
-    [self openPrinter:static_cast<std::size_t>(index) paper:{}];
 }
 
 - (void)chooseTape:(id)sender
@@ -336,7 +271,7 @@ enum Pane : NSInteger
 
 - (void)printDialog:(id)sender
 {
-    if ([self printNow]) {
+    if ([[window_ printButton] isEnabled] && [self printNow]) {
         [self stopWithStatus:dialog::ExitStatus::Printed];
     }
 }
@@ -401,9 +336,7 @@ enum Pane : NSInteger
 
 - (void)windowWasShown:(id)ignored
 {
-    if (line_.showSummary) {
-        [self showPane:kSummaryPane];
-    }
+    wasShown_ = YES;
     if (!line_.listControls.empty()) {
         listing_ = [NSTimer timerWithTimeInterval:kListingInterval target:self
                                          selector:@selector(writeControls:)
@@ -413,6 +346,19 @@ enum Pane : NSInteger
              @[ NSDefaultRunLoopMode, NSModalPanelRunLoopMode, NSEventTrackingRunLoopMode ]) {
             [[NSRunLoop currentRunLoop] addTimer:listing_ forMode:mode];
         }
+    }
+    [self actOnCommandLine];
+}
+
+// What a script asked for, once, when nothing is waited for any more.
+- (void)actOnCommandLine
+{
+    if (!wasShown_ || hasActed_ || ![self isSettled]) {
+        return;
+    }
+    hasActed_ = YES;
+    if (line_.showSummary) {
+        [self showPane:kSummaryPane];
     }
     if (!line_.screenshot.empty()) {
         [self takePicture];
@@ -451,9 +397,10 @@ enum Pane : NSInteger
     [[window_ window] makeFirstResponder:nil];
     [[loaded_ panel] printWindowWillClose:status == dialog::ExitStatus::Printed];
     [[window_ window] orderOut:nil];
+    [self endLooking];
     // Not by stop: and an event to wake the loop: the toolkit can wait for the next real event
     // before it looks at a posted one, and no more come.
-    std::exit(static_cast<int>(status));
+    dialog::leave(status, kLeavingPatience);
 }
 
 @end

@@ -21,9 +21,11 @@
 - (void)printDialog:(id)sender;
 @end
 
+@class ListKeepingWindow;
+
 @interface DialogWindow : NSObject
 {
-    NSWindow* window_;
+    ListKeepingWindow* window_;
     NSPopUpButton* printer_;
     NSPopUpButton* tape_;
     NSPopUpButton* chooser_;
@@ -49,6 +51,7 @@
 - (NSTextField*)copiesField;
 - (NSStepper*)stepper;
 - (NSTextField*)messageField;
+- (NSButton*)printButton;
 
 // Every title as it is, equal ones too.
 - (void)fill:(NSPopUpButton*)popUp with:(const std::vector<std::string>&)titles;
@@ -60,8 +63,12 @@
 - (void)showSummary:(const std::vector<dialog::SummaryLine>&)lines title:(NSString*)title;
 - (void)showSentence:(NSString*)sentence;
 
+- (BOOL)hasOpenList;
 // NO when no pop-up's list was open.
 - (BOOL)closeOpenList;
+
+// Whether a key or a mouse button has been pressed in the window.
+- (BOOL)wasTouched;
 
 - (void)showMessage:(NSString*)text isFailure:(BOOL)isFailure;
 

@@ -84,12 +84,25 @@ NSPopUpButton* openPopUpIn(NSView* view)
 // Keys that come while the mouse holds a list open are meant for the list; the toolkit would give
 // them to the window as soon as the mouse is let go, and Escape would end the dialog.
 @interface ListKeepingWindow : NSWindow
+{
+    BOOL wasTouched_;
+}
+- (BOOL)wasTouched;
 @end
 
 @implementation ListKeepingWindow
 
+- (BOOL)wasTouched
+{
+    return wasTouched_;
+}
+
 - (void)sendEvent:(NSEvent*)event
 {
+    const NSEventType type = [event type];
+    if (type == NSKeyDown || type == NSLeftMouseDown || type == NSScrollWheel) {
+        wasTouched_ = YES;
+    }
     const bool pressesPopUp =
         [event type] == NSLeftMouseDown &&
         [[[self contentView] hitTest:[event locationInWindow]] isKindOfClass:[NSPopUpButton class]];
@@ -217,6 +230,11 @@ NSPopUpButton* openPopUpIn(NSView* view)
     return message_;
 }
 
+- (NSButton*)printButton
+{
+    return print_;
+}
+
 // Through the menu itself: the pop-up's own way of adding drops an earlier item of the same title
 // and looks for it each time.
 - (void)fill:(NSPopUpButton*)popUp with:(const std::vector<std::string>&)titles
@@ -312,6 +330,16 @@ NSPopUpButton* openPopUpIn(NSView* view)
     [print_ setFrame:toRect(layout.print)];
     [pane_ setFrameOrigin:toRect(layout.pane).origin];
     [[window_ contentView] setNeedsDisplay:YES];
+}
+
+- (BOOL)wasTouched
+{
+    return [window_ wasTouched];
+}
+
+- (BOOL)hasOpenList
+{
+    return openPopUpIn([window_ contentView]) != nil;
 }
 
 - (BOOL)closeOpenList

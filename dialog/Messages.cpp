@@ -101,6 +101,28 @@ Failure serverSilent(std::string_view server, std::string_view reason)
             ExitStatus::NoPrinter};
 }
 
+std::string printersOfLastTime(const Failure& silent)
+{
+    return filled(tr("{1} The printers are those known from the last time."), {silent.text});
+}
+
+std::string lookingForPrinters()
+{
+    return tr("Looking for printers...");
+}
+
+std::string openingPrinter(std::string_view name)
+{
+    return filled(tr("Opening the printer {1}..."), {quoted(name)});
+}
+
+Failure ppdNotSent(std::string_view name)
+{
+    return {
+        filled(tr("The print server does not send the PPD of the printer {1}."), {quoted(name)}),
+        ExitStatus::NoPrinter};
+}
+
 Failure noSuchPrinter(std::string_view name)
 {
     return {filled(tr("There is no printer named {1}."), {quoted(name)}), ExitStatus::NoPrinter};
@@ -178,6 +200,14 @@ Failure outputNotWritten(std::string_view folder, std::string_view reason)
 Failure fileNotWritten(std::string_view path)
 {
     return {filled(tr("The file {1} cannot be written."), {quoted(path)}), ExitStatus::NotWritten};
+}
+
+Failure jobNotCancelled(std::string_view printer, int jobId, std::string_view reason)
+{
+    return {because(filled(tr("The job {1} on {2} could not be cancelled"),
+                           {std::to_string(jobId), quoted(printer)}),
+                    reason),
+            ExitStatus::NotPrinted};
 }
 
 std::string jobSent(std::string_view printer, int jobId)

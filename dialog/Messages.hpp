@@ -33,6 +33,11 @@ Failure panelWithoutView(std::string_view path);
 
 // A `server` that begins with a slash is a socket.  `reason` may be empty.
 Failure serverSilent(std::string_view server, std::string_view reason);
+// Said with serverSilent(): the printers in the window are those of the last time.
+std::string printersOfLastTime(const Failure& silent);
+std::string lookingForPrinters();
+std::string openingPrinter(std::string_view name);
+Failure ppdNotSent(std::string_view name);
 Failure noSuchPrinter(std::string_view name);
 Failure printerWithoutPPD(std::string_view name, std::string_view reason);
 Failure noSuchPaper(std::string_view paper, std::string_view printer);
@@ -48,6 +53,9 @@ Failure panelHoldsJob();
 Failure jobRefused(std::string_view printer, std::string_view reason);
 Failure outputNotWritten(std::string_view folder, std::string_view reason);
 Failure fileNotWritten(std::string_view path);
+
+// `reason` may be empty.
+Failure jobNotCancelled(std::string_view printer, int jobId, std::string_view reason);
 
 // What the window says of a job that went well.
 std::string jobSent(std::string_view printer, int jobId);

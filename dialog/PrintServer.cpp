@@ -1,6 +1,10 @@
 #include "dialog/PrintServer.hpp"
 
+#include "dialog/ServerConnection.hpp"
+#include "dialog/Translate.hpp"
+
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <memory>
@@ -10,7 +14,6 @@
 #include <cups/ppd.h>
 
 #include <fcntl.h>
-#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -18,19 +21,10 @@ namespace dialog {
 
 namespace {
 
-constexpr int kConnectMilliseconds = 3000;
-constexpr double kSilenceSeconds = 10;
-
-int giveUp(http_t*, void*)
-{
-    return 0;
-}
-
-struct CloseConnection
-{
-    void operator()(http_t* connection) const noexcept { httpClose(connection); }
-};
-using Connection = std::unique_ptr<http_t, CloseConnection>;
+// A server that takes a document writes to its disk now and then.
+constexpr std::chrono::milliseconds kSendingSilence{30000};
+// A job that is being made is better waited for: nobody could cancel it without its number.
+constexpr std::chrono::milliseconds kCreatingSilence{5000};
 
 struct DeleteMessage
 {
@@ -63,18 +57,6 @@ class OptionArray
     cups_option_t* options_ = nullptr;
 };
 
-Connection connectToServer(Failure& failure)
-{
-    Connection connection(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC,
-                                       cupsEncryption(), 1, kConnectMilliseconds, nullptr));
-    if (!connection) {
-        failure = serverSilent(cupsServer(), {});
-        return connection;
-    }
-    httpSetTimeout(connection.get(), kSilenceSeconds, giveUp, nullptr);
-    return connection;
-}
-
 std::string textOf(ipp_attribute_t* attribute)
 {
     const char* const text = ippGetString(attribute, 0, nullptr);
@@ -93,6 +75,41 @@ std::string defaultQueue(http_t* connection)
                  "printer-name");
     const Message response(cupsDoRequest(connection, request.release(), "/"));
     return textOf(ippFindAttribute(response.get(), "printer-name", IPP_TAG_NAME));
+}
+
+// Answers the status of the file; its bytes are the next to be read.
+http_status_t askFor(http_t* connection, const std::string& resource)
+{
+    http_status_t status = HTTP_STATUS_ERROR;
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        httpClearFields(connection);
+        httpSetField(connection, HTTP_FIELD_AUTHORIZATION, httpGetAuthString(connection));
+        if (httpGet(connection, resource.c_str()) != 0) {
+            return HTTP_STATUS_ERROR;
+        }
+        do {
+            status = httpUpdate(connection);
+        } while (status == HTTP_STATUS_CONTINUE);
+        if (status == HTTP_STATUS_UNAUTHORIZED) {
+            httpFlush(connection);
+            if (cupsDoAuthentication(connection, "GET", resource.c_str()) != 0) {
+                return status;
+            }
+        } else if (status == HTTP_STATUS_UPGRADE_REQUIRED) {
+            httpFlush(connection);
+            if (httpEncryption(connection, HTTP_ENCRYPTION_REQUIRED) != 0) {
+                return HTTP_STATUS_ERROR;
+            }
+        } else {
+            return status;
+        }
+    }
+    return status;
+}
+
+bool isCancelled(const Cancellation* cancellation) noexcept
+{
+    return cancellation != nullptr && cancellation->cancelled();
 }
 
 } // namespace
@@ -116,13 +133,15 @@ std::string ppdResource(std::string_view queue)
     return path + ".ppd";
 }
 
-QueueList listQueues()
+QueueList listQueues(Cancellation* cancellation)
 {
     QueueList list;
-    const Connection connection = connectToServer(list.failure);
+    list.server = cupsServer();
+    ServerConnection connection(list.failure, cancellation);
     if (!connection) {
         return list;
     }
+    connection.endAtOnceWhenCancelled();
     static const char* const kWanted[] = {"printer-name", "printer-info", "device-uri",
                                           "printer-make-and-model"};
     Message request(ippNewRequest(IPP_OP_CUPS_GET_PRINTERS));
@@ -171,6 +190,7 @@ QueueList listQueues()
     }
     finish();
 
+    connection.alive();
     const std::string first = defaultQueue(connection.get());
     for (std::size_t i = 1; i < list.queues.size(); ++i) {
         if (list.queues[i].name == first) {
@@ -181,19 +201,14 @@ QueueList listQueues()
     return list;
 }
 
-std::string fetchPPD(const std::string& queue, Failure& failure)
+std::string fetchPPD(const std::string& queue, Failure& failure, Cancellation* cancellation)
 {
-    const Connection connection = connectToServer(failure);
+    ServerConnection connection(failure, cancellation);
     if (!connection) {
         return {};
     }
-    const int memory = memfd_create("ppd", MFD_CLOEXEC);
-    if (memory < 0) {
-        failure = printerWithoutPPD(queue, std::strerror(errno));
-        return {};
-    }
-    const File file(fdopen(memory, "r+b"));
-    const http_status_t status = cupsGetFd(connection.get(), ppdResource(queue).c_str(), memory);
+    connection.endAtOnceWhenCancelled();
+    const http_status_t status = askFor(connection.get(), ppdResource(queue));
     if (status != HTTP_STATUS_OK) {
         failure = status == HTTP_STATUS_ERROR ? serverSilent(cupsServer(), {})
                                               : printerWithoutPPD(queue, httpStatus(status));
@@ -201,14 +216,18 @@ std::string fetchPPD(const std::string& queue, Failure& failure)
     }
     std::string bytes;
     char buffer[65536];
-    std::rewind(file.get());
     // One byte more than may be used is enough to see that there is too much.
     while (bytes.size() <= kMaxPPDBytes) {
-        const std::size_t got = std::fread(buffer, 1, sizeof buffer, file.get());
-        if (got == 0) {
+        connection.alive();
+        const ssize_t got = httpRead2(connection.get(), buffer, sizeof buffer);
+        if (got <= 0) {
             break;
         }
-        bytes.append(buffer, got);
+        bytes.append(buffer, static_cast<std::size_t>(got));
+    }
+    if (bytes.size() <= kMaxPPDBytes && httpGetState(connection.get()) != HTTP_STATE_WAITING) {
+        failure = serverSilent(cupsServer(), tr("it sent only a part of the PPD"));
+        return {};
     }
     if (bytes.empty()) {
         failure = printerWithoutPPD(queue, "the server sent an empty file");
@@ -218,7 +237,7 @@ std::string fetchPPD(const std::string& queue, Failure& failure)
 
 SentJob sendJob(const std::string& queue, const std::string& title,
                 const std::vector<JobOption>& options, const std::string& documentPath,
-                const std::string& documentName)
+                const std::string& documentName, Cancellation* cancellation, SendProgress* progress)
 {
     SentJob sent;
     const int descriptor = open(documentPath.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
@@ -235,47 +254,73 @@ SentJob sendJob(const std::string& queue, const std::string& title,
         sent.failure = documentNotReadable(documentPath, "it is not a regular file");
         return sent;
     }
-    const Connection connection = connectToServer(sent.failure);
-    if (!connection) {
-        return sent;
+    if (progress != nullptr) {
+        progress->total = static_cast<std::uint64_t>(information.st_size);
     }
-    OptionArray array;
-    for (const JobOption& option : options) {
-        array.add(option);
-    }
-    const int job =
-        cupsCreateJob(connection.get(), queue.c_str(), title.c_str(), array.count(), array.get());
-    if (job == 0) {
-        sent.failure = jobRefused(queue, cupsLastErrorString());
-        return sent;
-    }
-    http_status_t status = cupsStartDocument(connection.get(), queue.c_str(), job,
-                                             documentName.c_str(), CUPS_FORMAT_AUTO, 1);
+    int job = 0;
     bool readable = true;
-    char buffer[65536];
-    while (status == HTTP_STATUS_CONTINUE) {
-        const std::size_t got = std::fread(buffer, 1, sizeof buffer, document.get());
-        if (got == 0) {
-            readable = std::ferror(document.get()) == 0;
-            break;
+    {
+        ServerConnection connection(sent.failure, cancellation);
+        if (!connection) {
+            sent.cancelled = isCancelled(cancellation);
+            return sent;
         }
-        status = cupsWriteRequestData(connection.get(), buffer, got);
-    }
-    const bool whole = readable && status == HTTP_STATUS_CONTINUE;
-    if (!whole) {
+        OptionArray array;
+        for (const JobOption& option : options) {
+            array.add(option);
+        }
+        connection.alive(ServerConnection::kSilence, kCreatingSilence);
+        job = cupsCreateJob(connection.get(), queue.c_str(), title.c_str(), array.count(),
+                            array.get());
+        if (job == 0) {
+            sent.failure = jobRefused(queue, cupsLastErrorString());
+            sent.cancelled = isCancelled(cancellation);
+            return sent;
+        }
+        connection.alive(kSendingSilence);
+        http_status_t status = cupsStartDocument(connection.get(), queue.c_str(), job,
+                                                 documentName.c_str(), CUPS_FORMAT_AUTO, 1);
+        char buffer[65536];
+        while (status == HTTP_STATUS_CONTINUE && !isCancelled(cancellation)) {
+            const std::size_t got = std::fread(buffer, 1, sizeof buffer, document.get());
+            if (got == 0) {
+                readable = std::ferror(document.get()) == 0;
+                break;
+            }
+            status = cupsWriteRequestData(connection.get(), buffer, got);
+            connection.alive(kSendingSilence);
+            if (progress != nullptr) {
+                progress->sent += got;
+            }
+        }
+        // A document that is not whole is not finished either: the server would begin to print it.
+        if (readable && status == HTTP_STATUS_CONTINUE && !isCancelled(cancellation)) {
+            if (cupsFinishDocument(connection.get(), queue.c_str()) <= IPP_STATUS_OK_CONFLICTING) {
+                sent.id = job;
+                return sent;
+            }
+        }
         sent.failure = readable ? jobRefused(queue, cupsLastErrorString())
                                 : documentNotReadable(documentPath, "reading stopped early");
     }
-    const ipp_status_t finished = cupsFinishDocument(connection.get(), queue.c_str());
-    if (whole && finished <= IPP_STATUS_OK_CONFLICTING) {
-        sent.id = job;
-        return sent;
+    sent.cancelled = isCancelled(cancellation);
+    if (const Failure kept = cancelJob(queue, job); kept && sent.cancelled) {
+        sent.failure = kept;
     }
-    if (whole) {
-        sent.failure = jobRefused(queue, cupsLastErrorString());
-    }
-    cupsCancelJob2(connection.get(), queue.c_str(), job, 1);
     return sent;
+}
+
+Failure cancelJob(const std::string& queue, int job)
+{
+    Failure failure;
+    const ServerConnection connection(failure);
+    if (connection &&
+        cupsCancelJob2(connection.get(), queue.c_str(), job, 0) > IPP_STATUS_OK_CONFLICTING) {
+        failure = jobNotCancelled(queue, job, cupsLastErrorString());
+    } else if (failure) {
+        failure = jobNotCancelled(queue, job, failure.text);
+    }
+    return failure;
 }
 
 } // namespace dialog

@@ -29,6 +29,8 @@ struct PrinterEntry
     std::string title;     // in the pop-up
     std::string deviceURI; // may be empty
     std::string ppdPath;   // of a PPDFile
+
+    bool operator==(const PrinterEntry&) const = default;
 };
 
 // The PPD files first, in the order given, then the queues, then the sample printer.

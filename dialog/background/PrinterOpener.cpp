@@ -1,0 +1,54 @@
+#include "dialog/background/PrinterOpener.hpp"
+
+#include "dialog/BuiltIn.hpp"
+#include "dialog/PrintServer.hpp"
+
+#include <utility>
+
+namespace dialog {
+
+OpenedPPD openPPDOf(const PrinterEntry& printer, Cancellation* cancellation)
+{
+    OpenedPPD opened;
+    switch (printer.kind) {
+    case PrinterKind::PPDFile:
+        opened.ppd = PPDFile::fromPath(printer.ppdPath, opened.failure);
+        break;
+    case PrinterKind::Queue: {
+        const std::string bytes = fetchPPD(printer.name, opened.failure, cancellation);
+        if (!opened.failure) {
+            opened.ppd = PPDFile::fromBytes(printer.name, bytes, opened.failure);
+        }
+        break;
+    }
+    case PrinterKind::Sample:
+        opened.ppd = PPDFile::fromBytes(printer.name, samplePPD(), opened.failure);
+        break;
+    }
+    return opened;
+}
+
+PrinterOpener::PrinterOpener(Open open) : open_(std::move(open)) {}
+
+void PrinterOpener::begin(PrinterEntry printer, Clock::time_point now)
+{
+    printer_ = std::move(printer);
+    deadline_ = now + kDeadline;
+    opening_ = Errand<OpenedPPD>([open = open_, wanted = printer_](Cancellation& cancellation) {
+        return open(wanted, &cancellation);
+    });
+}
+
+std::optional<OpenedPPD> PrinterOpener::poll(Clock::time_point now,
+                                             std::chrono::milliseconds patience)
+{
+    std::optional<OpenedPPD> opened = opening_.take(patience);
+    if (!opened && opening_.underWay() && now >= deadline_) {
+        opening_ = {};
+        opened.emplace();
+        opened->failure = ppdNotSent(printer_.name);
+    }
+    return opened;
+}
+
+} // namespace dialog
