@@ -1,5 +1,7 @@
 #include "dialog/PPDFile.hpp"
 
+#include "dialog/PPDSizes.hpp"
+
 #include <cerrno>
 #include <cstring>
 #include <utility>
@@ -92,6 +94,11 @@ PPDFile& PPDFile::operator=(PPDFile&& other) noexcept
 
 PPDFile PPDFile::fromBytes(std::string_view name, std::string_view bytes, Failure& failure)
 {
+    const std::optional<PPDSizes> many =
+        bytes.size() > kMaxPPDBytesWithSizes ? std::nullopt : PPDSizes::take(bytes);
+    if (many) {
+        bytes = many->rest();
+    }
     const PPDCheckResult found = checkPPD(bytes);
     if (found.fault != PPDFault::None) {
         failure = ppdRefused(name, found);
@@ -115,6 +122,10 @@ PPDFile PPDFile::fromBytes(std::string_view name, std::string_view bytes, Failur
         failure = ppdRefused(name, {PPDFault::CustomSizeNotALength, 0});
         return {};
     }
+    if (many && !many->addTo(*file.record_)) {
+        failure = ppdDamaged(name, 0, {});
+        return {};
+    }
     ppdMarkDefaults(file.record_);
     return file;
 }
@@ -134,7 +145,7 @@ PPDFile PPDFile::fromPath(const std::string& path, Failure& failure)
     }
     std::string bytes;
     char buffer[65536];
-    while (bytes.size() <= kMaxPPDBytes) {
+    while (bytes.size() <= kMaxPPDBytesWithSizes) {
         const ssize_t got = read(file.get(), buffer, sizeof buffer);
         if (got < 0 && errno == EINTR) {
             continue;
