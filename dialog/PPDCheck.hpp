@@ -15,7 +15,8 @@ namespace dialog {
 
 inline constexpr std::size_t kMaxPPDBytes = 2 * 1024 * 1024;
 inline constexpr std::size_t kMaxPPDOptions = 2000;
-inline constexpr std::size_t kMaxPPDSizes = 4000; // each with its paper and its printable area
+// Each with its paper and its printable area; plain ones may be more (PPDSizes.hpp).
+inline constexpr std::size_t kMaxPPDSizes = 4000;
 inline constexpr std::size_t kMaxPPDChoices = 20000;
 inline constexpr std::size_t kMaxPPDGroups = 1000; // with the groups inside groups
 inline constexpr std::size_t kMaxPPDCustomParameters = 1000;

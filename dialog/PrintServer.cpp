@@ -1,5 +1,6 @@
 #include "dialog/PrintServer.hpp"
 
+#include "dialog/PPDSizes.hpp"
 #include "dialog/ServerConnection.hpp"
 #include "dialog/Translate.hpp"
 
@@ -217,7 +218,7 @@ std::string fetchPPD(const std::string& queue, Failure& failure, Cancellation* c
     std::string bytes;
     char buffer[65536];
     // One byte more than may be used is enough to see that there is too much.
-    while (bytes.size() <= kMaxPPDBytes) {
+    while (bytes.size() <= kMaxPPDBytesWithSizes) {
         connection.alive();
         const ssize_t got = httpRead2(connection.get(), buffer, sizeof buffer);
         if (got <= 0) {
@@ -225,7 +226,8 @@ std::string fetchPPD(const std::string& queue, Failure& failure, Cancellation* c
         }
         bytes.append(buffer, static_cast<std::size_t>(got));
     }
-    if (bytes.size() <= kMaxPPDBytes && httpGetState(connection.get()) != HTTP_STATE_WAITING) {
+    if (bytes.size() <= kMaxPPDBytesWithSizes &&
+        httpGetState(connection.get()) != HTTP_STATE_WAITING) {
         failure = serverSilent(cupsServer(), tr("it sent only a part of the PPD"));
         return {};
     }
