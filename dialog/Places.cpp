@@ -33,6 +33,11 @@ std::string bundlePath(const std::string& programFolder)
                              "lib/GNUstep/Bundles/PageSettings.plugin");
 }
 
+std::string pictureProgram(const std::string& programFolder)
+{
+    return besideOrInstalled(programFolder, "tape-print-picture", "lib/page-settings/tape-print-picture");
+}
+
 std::string cataloguesFolder(const std::string& programFolder)
 {
     return besideOrInstalled(programFolder, "locale", "share/locale");

@@ -12,6 +12,9 @@ std::string programFolder();
 // The panel's bundle, whether or not it is there.
 std::string bundlePath(const std::string& programFolder);
 
+// The program that makes pictures of documents, whether or not it is there.
+std::string pictureProgram(const std::string& programFolder);
+
 // The folder of the catalogues, whether or not it is there.
 std::string cataloguesFolder(const std::string& programFolder);
 

@@ -2,13 +2,14 @@
 #
 #   bin/tape-print                      the dialog
 #   lib/GNUstep/Bundles                 the panel's bundle, where the toolkit keeps such bundles
-#   lib/page-settings                   the printing calls that both use
+#   lib/page-settings                   the printing calls that both use, the reader of documents
 #   share                               texts, icon, desktop entry, manual, samples
 
 set(private lib/page-settings)
 set(bundle lib/GNUstep/Bundles/PageSettings.plugin)
 
 install(TARGETS tape-print RUNTIME DESTINATION bin)
+install(TARGETS tape-print-picture RUNTIME DESTINATION ${private})
 install(TARGETS printing_platform LIBRARY DESTINATION ${private})
 install(TARGETS PageSettings LIBRARY DESTINATION ${bundle})
 install(DIRECTORY ${CMAKE_BINARY_DIR}/PageSettings.plugin/Resources DESTINATION ${bundle})

@@ -31,14 +31,17 @@ TEST_F(Places, AreBesideTheProgramWhereTheyAreThere)
 {
     fs::create_directory(bin_ + "/PageSettings.plugin");
     fs::create_directory(bin_ + "/locale");
+    fs::create_directory(bin_ + "/tape-print-picture");
     EXPECT_EQ(dialog::bundlePath(bin_), bin_ + "/PageSettings.plugin");
     EXPECT_EQ(dialog::cataloguesFolder(bin_), bin_ + "/locale");
+    EXPECT_EQ(dialog::pictureProgram(bin_), bin_ + "/tape-print-picture");
 }
 
 TEST_F(Places, AreUnderTheSamePrefixOtherwise)
 {
     EXPECT_EQ(dialog::bundlePath(bin_), prefix_ + "/lib/GNUstep/Bundles/PageSettings.plugin");
     EXPECT_EQ(dialog::cataloguesFolder(bin_), prefix_ + "/share/locale");
+    EXPECT_EQ(dialog::pictureProgram(bin_), prefix_ + "/lib/page-settings/tape-print-picture");
 }
 
 TEST_F(Places, KnowTheFolderOfTheRunningProgram)

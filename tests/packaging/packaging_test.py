@@ -43,7 +43,7 @@ def AnInstallationNamesNoPlaceOfTheBuild(folder):
     prefix = install(folder)
     shared = [path for path in prefix.rglob("*")
               if path.is_file() and path.read_bytes()[:4] == b"\x7fELF"]
-    assert len(shared) == 3, shared
+    assert len(shared) == 4, shared
     for path in shared:
         for line in output_of("readelf", "-d", path).splitlines():
             if "RUNPATH" in line or "RPATH" in line:
@@ -56,6 +56,7 @@ def TheDebianPackageHasEveryPartAndItsNeeds(folder):
     package, = pathlib.Path(folder).glob("*.deb")
     inside = {line.split()[5] for line in output_of("dpkg-deb", "-c", package).splitlines()}
     wanted = ["bin/tape-print", "lib/page-settings/libPageSettingsPlatform.so",
+              "lib/page-settings/tape-print-picture",
               "lib/GNUstep/Bundles/PageSettings.plugin/PageSettings",
               "lib/GNUstep/Bundles/PageSettings.plugin/Resources/PageSettingPDE.xib",
               "share/applications/tape-print.desktop", "share/doc/page-settings/changelog.gz",
