@@ -10,6 +10,7 @@
 #include "dialog/Printers.hpp"
 #include "dialog/background/PrinterFinder.hpp"
 #include "dialog/background/PrinterOpener.hpp"
+#include "dialog/preview/LabelPreview.h"
 
 #include <AppKit/AppKit.h>
 
@@ -28,6 +29,7 @@
     DialogWindow* window_;
     PanelHost* host_;
     LoadedPanel* loaded_; // nil when there is no panel
+    LabelPreview* preview_;
     NSTimer* listing_;
     std::unique_ptr<dialog::PrinterFinder> finder_;
     dialog::PrinterOpener opener_;

@@ -69,6 +69,7 @@ enum Pane : NSInteger
     [self closePanel];
     [host_ setDelegate:nil];
     [host_ release];
+    [preview_ release];
     [window_ release];
     [super dealloc];
 }
@@ -87,6 +88,9 @@ enum Pane : NSInteger
     [[window_ stepper] setMinValue:dialog::kMinCopies];
     [[window_ stepper] setMaxValue:dialog::kMaxCopies];
     [[window_ stepper] setIntValue:line_.copies];
+
+    preview_ = [[LabelPreview alloc] initWithDocument:line_.document];
+    [window_ showPreview:preview_];
 
     [self showFirstPrinters];
     [[window_ window] center];
@@ -160,6 +164,7 @@ enum Pane : NSInteger
     [host_ applyWanted];
     NSError* error = nil;
     [[loaded_ panel] restoreValuesAndReturnError:&error];
+    [preview_ showPanel:[loaded_ view] host:host_];
 }
 
 - (void)closePanel
@@ -170,6 +175,7 @@ enum Pane : NSInteger
     [[window_ window] makeFirstResponder:nil];
     [[loaded_ panel] printWindowWillClose:NO];
     [window_ showSentence:@""];
+    [preview_ forgetPanel];
     [loaded_ release];
     loaded_ = nil;
 }
@@ -205,6 +211,11 @@ enum Pane : NSInteger
     [window_ panelViewDidResize];
 }
 
+- (void)panelDidTellOption
+{
+    [preview_ refreshSoon];
+}
+
 - (void)choosePrinter:(id)sender
 {
     const NSInteger index = [[window_ printerPopUp] indexOfSelectedItem];
@@ -230,6 +241,7 @@ enum Pane : NSInteger
     }
     [loaded_ optionDidChange:@"PageSize" choice:dialog::toNSString(name)];
     [[loaded_ panel] updateUI];
+    [preview_ refresh];
     if ([[window_ chooser] indexOfSelectedItem] == kSummaryPane) {
         [self showPane:kSummaryPane];
     }
@@ -374,6 +386,7 @@ enum Pane : NSInteger
 
 - (void)takePicture
 {
+    [preview_ finishDocument];
     if (![window_ writePicture:dialog::toNSString(line_.screenshot)]) {
         [self report:dialog::fileNotWritten(line_.screenshot)];
     }

@@ -22,6 +22,7 @@
 @end
 
 @class ListKeepingWindow;
+@class LabelPreview;
 
 @interface DialogWindow : NSObject
 {
@@ -40,6 +41,7 @@
     NSButton* print_;
     NSView* pane_; // what is shown in the middle; owned
     NSSize paneSize_;
+    LabelPreview* preview_; // owned
 }
 
 - (id)initWithController:(id<DialogActions>)controller;
@@ -62,6 +64,9 @@
 // These take the room there is.
 - (void)showSummary:(const std::vector<dialog::SummaryLine>&)lines title:(NSString*)title;
 - (void)showSentence:(NSString*)sentence;
+
+// Beside the pane, from then on.
+- (void)showPreview:(LabelPreview*)preview;
 
 - (BOOL)hasOpenList;
 // NO when no pop-up's list was open.

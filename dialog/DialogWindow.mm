@@ -4,6 +4,7 @@
 #include "dialog/Layout.hpp"
 #include "dialog/SummaryView.h"
 #include "dialog/Text.h"
+#include "dialog/preview/LabelPreview.h"
 #include "dialog/theme/TapeTheme.h"
 
 #include <cmath>
@@ -191,6 +192,8 @@ NSPopUpButton* openPopUpIn(NSView* view)
         [view release];
     }
     [pane_ release];
+    [[preview_ view] removeFromSuperview];
+    [preview_ release];
     [window_ release];
     [super dealloc];
 }
@@ -325,11 +328,19 @@ NSPopUpButton* openPopUpIn(NSView* view)
     [stepper_ setFrame:toRect(layout.copiesStepper)];
     [chooser_ setFrame:toRect(layout.chooser)];
     [box_ setFrame:toRect(layout.box)];
+    [[preview_ view] setFrame:toRect(layout.preview)];
     [message_ setFrame:toRect(layout.message)];
     [cancel_ setFrame:toRect(layout.cancel)];
     [print_ setFrame:toRect(layout.print)];
     [pane_ setFrameOrigin:toRect(layout.pane).origin];
     [[window_ contentView] setNeedsDisplay:YES];
+}
+
+- (void)showPreview:(LabelPreview*)preview
+{
+    preview_ = [preview retain];
+    [[window_ contentView] addSubview:[preview_ view]];
+    [self place];
 }
 
 - (BOOL)wasTouched
@@ -382,6 +393,10 @@ NSPopUpButton* openPopUpIn(NSView* view)
                                     {stepper_, "Copies Stepper"},
                                     {chooser_, "Pane"},
                                     {message_, "Message"},
+                                    {[preview_ pictureControl], "Label Picture"},
+                                    {[preview_ sizeField], "Label Size"},
+                                    {[preview_ usedField], "Tape Used"},
+                                    {[preview_ remarksField], "Document Remarks"},
                                     {cancel_, "Cancel"},
                                     {print_, "Print"}});
 }

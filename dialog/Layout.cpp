@@ -23,6 +23,8 @@ constexpr double kChooserWidth = 200;
 constexpr double kPopUpWidth = 300;
 constexpr double kMinPaneWidth = 460;
 constexpr double kMinPaneHeight = 120;
+constexpr double kPreviewWidth = 300;
+constexpr double kPreviewGap = 16;
 
 Frame labelBeside(double y) noexcept
 {
@@ -39,7 +41,7 @@ WindowLayout layOut(Size pane) noexcept
     const double controls = kEdge + kLabelWidth + kLabelGap;
 
     WindowLayout layout;
-    layout.content.width = boxWidth + 2 * kEdge;
+    layout.content.width = boxWidth + kPreviewGap + kPreviewWidth + 2 * kEdge;
     const double right = layout.content.width - kEdge;
 
     double y = kEdge;
@@ -47,16 +49,17 @@ WindowLayout layOut(Size pane) noexcept
     layout.cancel = {right - 2 * kButtonWidth - kLabelGap, y, kButtonWidth, kButtonHeight};
 
     y += kButtonHeight + kRowGap;
-    layout.message = {kEdge, y, boxWidth, kMessageHeight};
+    layout.message = {kEdge, y, right - kEdge, kMessageHeight};
 
     y += kMessageHeight + kMessageGap;
     layout.box = {kEdge, y, boxWidth, boxHeight};
+    layout.preview = {kEdge + boxWidth + kPreviewGap, y, kPreviewWidth, boxHeight};
     // A pane smaller than the room sits at the top left, where the eye begins.
     layout.pane = {kEdge + kBoxInset, y + kBoxInset + (inner.height - pane.height), pane.width,
                    pane.height};
 
     y += boxHeight + kRowGap + 4;
-    layout.chooser = {(layout.content.width - kChooserWidth) / 2, y, kChooserWidth, kRow};
+    layout.chooser = {kEdge + (boxWidth - kChooserWidth) / 2, y, kChooserWidth, kRow};
 
     y += kRow + kRowGap + 6;
     layout.copiesLabel = labelBeside(y);

@@ -31,6 +31,7 @@ struct WindowLayout
     Frame chooser;
     Frame box;  // the frame around the pane
     Frame pane; // the panel's view or the summary, inside the content
+    Frame preview; // the label, at the right of the box and as high
     Frame message;
     Frame cancel, print;
 };

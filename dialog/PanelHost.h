@@ -16,6 +16,8 @@
 
 @protocol PanelHostDelegate
 - (void)panelViewDidResize;
+// The panel has chosen something; options has it already.
+- (void)panelDidTellOption;
 @end
 
 namespace dialog {

@@ -162,6 +162,7 @@ void HostState::applyWanted()
     }
     state_->ppd.mark(keyword, value);
     state_->options.set(keyword, value);
+    [delegate_ panelDidTellOption];
 }
 
 - (void)panelViewDidResize

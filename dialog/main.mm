@@ -10,6 +10,7 @@
 #include "dialog/Translate.hpp"
 #include "dialog/language/Language.hpp"
 #include "dialog/language/SpeakLanguage.h"
+#include "dialog/preview/ControlActions.h"
 #include "dialog/theme/DesktopSettings.hpp"
 #include "dialog/theme/TapeTheme.h"
 
@@ -31,7 +32,7 @@ int statusNumber(dialog::ExitStatus status)
 NSApplication* openApplication()
 {
     @try {
-        return [NSApplication sharedApplication];
+        return [TapePrintApplication sharedApplication];
     } @catch (NSException*) {
         return nil;
     }

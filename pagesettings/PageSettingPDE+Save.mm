@@ -28,9 +28,8 @@ using pagesettings::valueOf;
     if (!printSettings)
         return;
     TapeInfo tape = {};
-    // Not even a default when the dialog raises: what was saved last stands.
-    if (![self readTape:&tape])
-        return;
+    GetTapeInfo(printSession, [pdePluginCallbackObject printSettings],
+                [pdePluginCallbackObject pageFormat], ppd, &tape);
     if (tape.paperName)
         CFRelease(tape.paperName);
     [self setTapeState:tape.state];

@@ -77,7 +77,8 @@ static void takeDecimalNumbers(NSTextField* field)
 {
     [mWidthStr setStringValue:[self localized:@"RS_TapeWidth"]];
     TapeInfo tape = {};
-    [self readTape:&tape];
+    GetTapeInfo(printSession, [pdePluginCallbackObject printSettings],
+                [pdePluginCallbackObject pageFormat], ppd, &tape);
     [mWidthTxFld setStringValue:[self tapeWidthTextForPaper:tape.paperName]];
     if (tape.paperName)
         CFRelease(tape.paperName);
@@ -86,7 +87,8 @@ static void takeDecimalNumbers(NSTextField* field)
 - (void)initializeUI_Length
 {
     TapeInfo tape = {};
-    [self readTape:&tape];
+    GetTapeInfo(printSession, [pdePluginCallbackObject printSettings],
+                [pdePluginCallbackObject pageFormat], ppd, &tape);
     if (tape.paperName)
         CFRelease(tape.paperName);
     [self setTapeState:tape.state];

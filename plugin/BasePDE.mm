@@ -1,6 +1,5 @@
 #include "plugin/BasePDE.h"
 
-#include "plugin/HostCall.h"
 #include "plugin/ViewResize.hpp"
 #include "ppd/ChoiceLookup.hpp"
 #include "ppd/Keywords.hpp"
@@ -28,12 +27,12 @@ static NSString* const kPanelKind = @"jp.co.vendor.printer.cups.pde.VNKMZRPageSe
     nsPDEBundle = [bundle retain];
     pdePluginCallbackObject = [callback retain];
 
-    printSession = plugin::answerOf([&] { return [pdePluginCallbackObject printSession]; });
-    pmPrintSettings = plugin::answerOf([&] { return [pdePluginCallbackObject printSettings]; });
-    printSettings = plugin::answerOf([&] { return [pdePluginCallbackObject printSettings]; });
-    formatSettings = plugin::answerOf([&] { return [pdePluginCallbackObject pageFormat]; });
-    printer = plugin::answerOf([&] { return [pdePluginCallbackObject PMPrinter]; });
-    ppd = plugin::answerOf([&] { return [pdePluginCallbackObject ppdFile]; });
+    printSession = [pdePluginCallbackObject printSession];
+    pmPrintSettings = [pdePluginCallbackObject printSettings];
+    printSettings = [pdePluginCallbackObject printSettings];
+    formatSettings = [pdePluginCallbackObject pageFormat];
+    printer = [pdePluginCallbackObject PMPrinter];
+    ppd = [pdePluginCallbackObject ppdFile];
 
     [self copyDeviceURI];
     return self;
@@ -262,7 +261,7 @@ static NSString* const kPanelKind = @"jp.co.vendor.printer.cups.pde.VNKMZRPageSe
     if (!window)
         return;
     if (plugin::windowHoldsView([window frame].size.height, size.height)) {
-        [self tellDialogOfResize];
+        [pdePluginCallbackObject panelViewDidResize];
         return;
     }
     [[NSNotificationCenter defaultCenter] addObserver:self selector:@selector(dialogDidExpand:)
@@ -275,7 +274,7 @@ static NSString* const kPanelKind = @"jp.co.vendor.printer.cups.pde.VNKMZRPageSe
     [[NSNotificationCenter defaultCenter] removeObserver:self
                                                     name:NSViewDidUpdateTrackingAreasNotification
                                                   object:kPDEView];
-    [self tellDialogOfResize];
+    [pdePluginCallbackObject panelViewDidResize];
 }
 
 - (void)setDefaultChoices:(ppd_option_t*)option
@@ -299,13 +298,7 @@ static NSString* const kPanelKind = @"jp.co.vendor.printer.cups.pde.VNKMZRPageSe
 {
     // A keyword that is not valid in its encoding names no choice the dialog could mark.
     if (key && choice)
-        plugin::isTaken(
-            [&] { [pdePluginCallbackObject willChangePPDOptionKeyValue:key ppdChoice:choice]; });
-}
-
-- (void)tellDialogOfResize
-{
-    plugin::isTaken([&] { [pdePluginCallbackObject panelViewDidResize]; });
+        [pdePluginCallbackObject willChangePPDOptionKeyValue:key ppdChoice:choice];
 }
 
 - (NSString*)localized:(NSString*)key

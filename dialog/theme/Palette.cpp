@@ -40,6 +40,10 @@ constexpr std::array<Pair, kRoles> kPalette{{
     {rgb(0xC7DCFB), rgb(0x2C5596)}, // Selection
     {rgb(0x1D2129), rgb(0xFFFFFF)}, // OnSelection
     {rgb(0xB3261E), rgb(0xFF8F85)}, // Failure
+    // A tape is white in a dark room too.
+    {rgb(0xFFFFFF), rgb(0xECEEF1)}, // Tape
+    {rgb(0xDCE3EE), rgb(0xBAC3D0)}, // TapeBlank
+    {rgb(0x000000), rgb(0x000000)}, // Ink
 }};
 
 double linear(std::uint8_t channel) noexcept

@@ -34,8 +34,11 @@ enum class Role : std::uint8_t
     Selection,     // behind selected text
     OnSelection,   // selected text
     Failure,       // the text of what went wrong
+    Tape,          // in the picture of the label, where it can be printed on
+    TapeBlank,     // where it cannot
+    Ink,           // what is printed on it
 };
-inline constexpr int kRoles = static_cast<int>(Role::Failure) + 1;
+inline constexpr int kRoles = static_cast<int>(Role::Ink) + 1;
 
 struct Color
 {

@@ -17,7 +17,8 @@ std::vector<Frame> outer(const WindowLayout& layout)
 {
     return {layout.printerLabel, layout.printerPopUp, layout.tapeLabel,     layout.tapePopUp,
             layout.copiesLabel,  layout.copiesField,  layout.copiesStepper, layout.chooser,
-            layout.box,          layout.message,      layout.cancel,        layout.print};
+            layout.box,          layout.preview,      layout.message,       layout.cancel,
+            layout.print};
 }
 
 class EveryPaneSize : public testing::TestWithParam<Size>
@@ -49,6 +50,17 @@ TEST_P(EveryPaneSize, KeepsThePaneAtItsSizeInsideTheBox)
     EXPECT_LE(layout.pane.x + layout.pane.width, layout.box.x + layout.box.width);
     // Twelve points below the box's upper edge, however small the pane.
     EXPECT_EQ(layout.pane.y + layout.pane.height, layout.box.y + layout.box.height - 12);
+}
+
+TEST_P(EveryPaneSize, PutsTheLabelBesideTheBoxAsHighAsIt)
+{
+    const WindowLayout layout = layOut(GetParam());
+    EXPECT_EQ(layout.preview.y, layout.box.y);
+    EXPECT_EQ(layout.preview.height, layout.box.height);
+    EXPECT_EQ(layout.preview.width, 300);
+    EXPECT_EQ(layout.preview.x + layout.preview.width, layout.content.width - 20);
+    // Over the middle of the box, whose pane it chooses.
+    EXPECT_EQ(layout.chooser.x + layout.chooser.width / 2, layout.box.x + layout.box.width / 2);
 }
 
 INSTANTIATE_TEST_SUITE_P(Panes, EveryPaneSize,

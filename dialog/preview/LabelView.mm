@@ -1,0 +1,236 @@
+#include "dialog/preview/LabelView.h"
+
+#include "dialog/Text.h"
+#include "dialog/theme/Drawing.h"
+#include "dialog/theme/TapeTheme.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr CGFloat kNumberSize = 9;
+constexpr CGFloat kMajorTick = 7;
+constexpr CGFloat kMinorTick = 4;
+constexpr CGFloat kNumberTop = 8; // below the ruler's line
+constexpr CGFloat kUnitRise = 3;  // beside the ticks, above the last number
+constexpr CGFloat kLargeText = 64;
+constexpr CGFloat kCutMark = 3;
+constexpr CGFloat kVeil = 0.72; // over what is not printed
+
+NSRect toRect(const dialog::Frame& frame)
+{
+    return NSMakeRect(frame.x, frame.y, frame.width, frame.height);
+}
+
+// Ink as black that lets the tape through.  The caller owns it.
+NSBitmapImageRep* newInk(const std::vector<std::uint8_t>& ink, int columns, int rows)
+{
+    if (ink.empty()) {
+        return nil;
+    }
+    NSBitmapImageRep* const image =
+        [[NSBitmapImageRep alloc] initWithBitmapDataPlanes:NULL pixelsWide:columns pixelsHigh:rows
+                                             bitsPerSample:8
+                                           samplesPerPixel:4
+                                                  hasAlpha:YES
+                                                  isPlanar:NO
+                                            colorSpaceName:NSCalibratedRGBColorSpace
+                                               bytesPerRow:columns * 4
+                                              bitsPerPixel:32];
+    unsigned char* const bytes = [image bitmapData];
+    for (std::size_t i = 0; i < ink.size(); ++i) {
+        unsigned char* const pixel = bytes + i * 4;
+        pixel[0] = pixel[1] = pixel[2] = 0;
+        pixel[3] = ink[i];
+    }
+    return image;
+}
+
+} // namespace
+
+@interface LabelView (Drawing)
+- (void)drawTape;
+- (void)drawDocument;
+- (void)drawInk;
+- (void)drawText;
+- (void)drawBlank;
+- (void)drawRuler;
+@end
+
+@implementation LabelView
+
++ (Class)cellClass
+{
+    return [NSActionCell class];
+}
+
+- (void)dealloc
+{
+    [pixels_ release];
+    [super dealloc];
+}
+
+- (BOOL)isFlipped
+{
+    return YES;
+}
+
+- (BOOL)acceptsFirstResponder
+{
+    return NO;
+}
+
+- (void)mouseDown:(NSEvent*)event
+{
+}
+
+- (void)setDocument:(std::shared_ptr<const dialog::DocumentPicture>)document
+{
+    document_ = std::move(document);
+    [pixels_ release];
+    pixels_ = nil;
+    [self setNeedsDisplay:YES];
+}
+
+- (void)show:(const std::optional<dialog::PictureLayout>&)layout
+       place:(const dialog::Placement&)place
+        unit:(const std::string&)unit
+    sentence:(NSString*)sentence
+{
+    layout_ = layout;
+    place_ = place;
+    unit_ = unit;
+    [[self cell] setStringValue:sentence];
+    [self setToolTip:[sentence length] == 0 ? nil : sentence];
+    [self setNeedsDisplay:YES];
+}
+
+- (void)drawRect:(NSRect)dirty
+{
+    if (!layout_) {
+        return;
+    }
+    [self drawTape];
+    [NSGraphicsContext saveGraphicsState];
+    NSRectClip(dialog::onPixels(toRect(layout_->tape), self));
+    [self drawDocument];
+    [self drawBlank];
+    [NSGraphicsContext restoreGraphicsState];
+    const NSRect tape = dialog::onPixels(toRect(layout_->tape), self);
+    const CGFloat line = dialog::thinLine(self);
+    dialog::strokeInside(NSInsetRect(tape, -line, -line), 0, line, dialog::Role::Border);
+    if (layout_->documentIsCut) {
+        dialog::fillRect(dialog::onPixels(NSMakeRect(NSMaxX(tape), NSMinY(tape) - kCutMark,
+                                                     kCutMark, NSHeight(tape) + 2 * kCutMark),
+                                          self),
+                         dialog::Role::Failure);
+    }
+    [self drawRuler];
+}
+
+- (void)drawTape
+{
+    dialog::fillRect(dialog::onPixels(toRect(layout_->tape), self), dialog::Role::Tape);
+}
+
+- (void)drawDocument
+{
+    if (!document_ || NSIsEmptyRect(toRect(layout_->document))) {
+        return;
+    }
+    // A page is white where the tape is: only its edge tells where it lies.
+    dialog::strokeInside(dialog::onPixels(toRect(layout_->document), self), 0,
+                         dialog::thinLine(self), dialog::Role::TapeBlank);
+    if (document_->kind == dialog::PictureKind::Text) {
+        [self drawText];
+    } else {
+        [self drawInk];
+    }
+}
+
+- (void)drawInk
+{
+    const NSRect frame = dialog::onPixels(toRect(layout_->document), self);
+    const CGFloat scale = dialog::pixelsPerPoint(self);
+    const int columns = static_cast<int>(std::lround(NSWidth(frame) * scale));
+    const int rows = static_cast<int>(std::lround(NSHeight(frame) * scale));
+    if (columns < 1 || rows < 1) {
+        return;
+    }
+    if (pixels_ == nil || [pixels_ pixelsWide] != columns || [pixels_ pixelsHigh] != rows ||
+        pixelsTurned_ != place_.turned) {
+        [pixels_ release];
+        pixels_ =
+            newInk(dialog::resampled(*document_, columns, rows, place_.turned), columns, rows);
+        pixelsTurned_ = place_.turned;
+    }
+    [[NSGraphicsContext currentContext] setImageInterpolation:NSImageInterpolationNone];
+    [pixels_ drawInRect:frame fromRect:NSZeroRect operation:NSCompositeSourceOver fraction:1
+         respectFlipped:YES
+                  hints:nil];
+}
+
+- (void)drawText
+{
+    const dialog::TextSize text = dialog::measured(document_->text);
+    const NSRect frame = toRect(layout_->document);
+    if (text.columns == 0) {
+        return;
+    }
+    // Drawn large and scaled down: small letters stand on whole pixels and would run apart.
+    NSDictionary* const attributes = @{
+        NSFontAttributeName : [NSFont userFixedPitchFontOfSize:kLargeText],
+        NSForegroundColorAttributeName : dialog::themeColor(dialog::Role::Ink)
+    };
+    const NSSize letter = [@"M" sizeWithAttributes:attributes];
+    const CGFloat scale = NSWidth(frame) / static_cast<CGFloat>(text.columns) / letter.width;
+    const CGFloat line = NSHeight(frame) / static_cast<CGFloat>(text.lines.size()) / scale;
+    [NSGraphicsContext saveGraphicsState];
+    NSAffineTransform* const transform = [NSAffineTransform transform];
+    [transform translateXBy:NSMinX(frame) yBy:NSMinY(frame)];
+    [transform scaleBy:scale];
+    [transform concat];
+    CGFloat y = (line - letter.height) / 2;
+    for (const std::string_view words : text.lines) {
+        [dialog::toNSString(words) drawAtPoint:NSMakePoint(0, y) withAttributes:attributes];
+        y += line;
+    }
+    [NSGraphicsContext restoreGraphicsState];
+}
+
+// What comes to lie where nothing is printed shines through.
+- (void)drawBlank
+{
+    [[dialog::themeColor(dialog::Role::TapeBlank) colorWithAlphaComponent:kVeil] set];
+    for (const dialog::Frame& frame :
+         {layout_->leftMargin, layout_->rightMargin, layout_->stripAbove, layout_->stripBelow}) {
+        NSRectFillUsingOperation(dialog::onPixels(toRect(frame), self), NSCompositeSourceOver);
+    }
+}
+
+- (void)drawRuler
+{
+    const CGFloat line = dialog::thinLine(self);
+    const CGFloat top = layout_->rulerTop;
+    const NSRect tape = toRect(layout_->tape);
+    dialog::fillRect(
+        dialog::onPixels(NSMakeRect(NSMinX(tape), top, NSWidth(tape) + line, line), self),
+        dialog::Role::Border);
+    NSDictionary* const attributes = @{
+        NSFontAttributeName : [NSFont systemFontOfSize:kNumberSize],
+        NSForegroundColorAttributeName : dialog::themeColor(dialog::Role::TextDisabled)
+    };
+    for (const dialog::Tick& tick : layout_->ticks) {
+        const CGFloat height = tick.kind == dialog::TickKind::Major ? kMajorTick : kMinorTick;
+        dialog::fillRect(dialog::onPixels(NSMakeRect(tick.x, top, line, height), self),
+                         dialog::Role::Border);
+        NSString* const number = dialog::toNSString(tick.number);
+        const CGFloat width = [number sizeWithAttributes:attributes].width;
+        [number drawAtPoint:NSMakePoint(tick.x - width / 2, top + kNumberTop)
+             withAttributes:attributes];
+    }
+    [dialog::toNSString(unit_) drawAtPoint:NSMakePoint(layout_->unitLeft, top - kUnitRise)
+                            withAttributes:attributes];
+}
+
+@end
