@@ -29,8 +29,8 @@ struct WindowLayout
     Frame tapeLabel, tapePopUp;
     Frame copiesLabel, copiesField, copiesStepper;
     Frame chooser;
-    Frame box;  // the frame around the pane
-    Frame pane; // the panel's view or the summary, inside the content
+    Frame box;     // the frame around the pane
+    Frame pane;    // the panel's view or the summary, inside the content
     Frame preview; // the label, at the right of the box and as high
     Frame message;
     Frame cancel, print;

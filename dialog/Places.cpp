@@ -35,7 +35,8 @@ std::string bundlePath(const std::string& programFolder)
 
 std::string pictureProgram(const std::string& programFolder)
 {
-    return besideOrInstalled(programFolder, "tape-print-picture", "lib/page-settings/tape-print-picture");
+    return besideOrInstalled(programFolder, "tape-print-picture",
+                             "lib/page-settings/tape-print-picture");
 }
 
 std::string cataloguesFolder(const std::string& programFolder)
