@@ -20,6 +20,7 @@
 #include <objc/runtime.h>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -210,6 +211,9 @@ class ScopedKeyWindow
 
 // Messages of the alerts shown since the last call.  Alerts do not stop a test.
 Texts takeAlerts();
+
+// Done while the next alert is up, which nobody has dismissed yet; nothing: not any more.
+void duringNextAlert(std::function<void()> action);
 
 // Title and three buttons of the alert shown last; "(nil)" where there was none.
 Texts frameOfLastAlert();

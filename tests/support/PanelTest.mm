@@ -4,6 +4,7 @@
 
 #include <cstdarg>
 #include <cstring>
+#include <utility>
 
 @interface FakeCallback : NSObject <PDEPluginCallback13_v100_>
 {
@@ -301,6 +302,17 @@ static Texts& alertFrame()
     return frame;
 }
 
+static std::function<void()>& alertAction()
+{
+    static std::function<void()> action;
+    return action;
+}
+
+void duringNextAlert(std::function<void()> action)
+{
+    alertAction() = std::move(action);
+}
+
 Texts frameOfLastAlert()
 {
     return alertFrame();
@@ -323,6 +335,8 @@ NSRunAlertPanel(NSString* title, NSString* message, NSString* defaultButton,
     [shown release];
     alertFrame() = {textOf(title), textOf(defaultButton), textOf(alternateButton),
                     textOf(otherButton)};
+    if (const auto action = std::exchange(alertAction(), nullptr))
+        action();
     return NSAlertDefaultReturn;
 }
 
