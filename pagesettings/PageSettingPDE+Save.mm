@@ -28,8 +28,9 @@ using pagesettings::valueOf;
     if (!printSettings)
         return;
     TapeInfo tape = {};
-    GetTapeInfo(printSession, [pdePluginCallbackObject printSettings],
-                [pdePluginCallbackObject pageFormat], ppd, &tape);
+    // Not even a default when the dialog raises: what was saved last stands.
+    if (![self readTape:&tape])
+        return;
     if (tape.paperName)
         CFRelease(tape.paperName);
     [self setTapeState:tape.state];

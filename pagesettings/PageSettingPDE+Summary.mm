@@ -37,8 +37,8 @@ struct SummaryLines
 {
     const SummaryLines lines = {[NSMutableDictionary dictionary], [NSMutableArray array]};
     TapeInfo tape = {};
-    const OSStatus status = GetTapeInfo(printSession, [pdePluginCallbackObject printSettings],
-                                        [pdePluginCallbackObject pageFormat], ppd, &tape);
+    OSStatus status = 0;
+    [self readTape:&tape status:&status];
 
     lines.add([self localized:@"RS_STitle_TapeWidth"], [self tapeWidthTextForPaper:tape.paperName]);
     if (tape.paperName)

@@ -77,8 +77,7 @@ static void takeDecimalNumbers(NSTextField* field)
 {
     [mWidthStr setStringValue:[self localized:@"RS_TapeWidth"]];
     TapeInfo tape = {};
-    GetTapeInfo(printSession, [pdePluginCallbackObject printSettings],
-                [pdePluginCallbackObject pageFormat], ppd, &tape);
+    [self readTape:&tape];
     [mWidthTxFld setStringValue:[self tapeWidthTextForPaper:tape.paperName]];
     if (tape.paperName)
         CFRelease(tape.paperName);
@@ -87,8 +86,7 @@ static void takeDecimalNumbers(NSTextField* field)
 - (void)initializeUI_Length
 {
     TapeInfo tape = {};
-    GetTapeInfo(printSession, [pdePluginCallbackObject printSettings],
-                [pdePluginCallbackObject pageFormat], ppd, &tape);
+    [self readTape:&tape];
     if (tape.paperName)
         CFRelease(tape.paperName);
     [self setTapeState:tape.state];

@@ -10,6 +10,7 @@
 
 #include "pagesettings/PanelRules.hpp"
 #include "plugin/BasePDE.h"
+#include "tape/TapeInfo.h"
 #include "textentry/PDETextField.h"
 
 @interface PageSettingPDE13_v100_ : BasePDE13_v100_
@@ -165,6 +166,11 @@
 
 // The PPD's rules for length and margin.
 - (pagesettings::PanelRules)rules;
+
+// The selected tape, with the framework's status where it is asked for.  NO, and the tape that
+// stands in for an unreadable one, when the dialog raises.  The caller owns the name.
+- (BOOL)readTape:(TapeInfo*)tape;
+- (BOOL)readTape:(TapeInfo*)tape status:(OSStatus*)status;
 
 // The PPD's choice `index` of an option has a title worth showing, else nil.
 - (NSString*)titleOfChoice:(NSInteger)index ofOption:(ppd_option_t*)option;

@@ -2,6 +2,7 @@
 
 #include "pagesettings/ChoiceRules.hpp"
 #include "pagesettings/Layout.hpp"
+#include "plugin/HostCall.h"
 #include "ppd/Keywords.hpp"
 #include "ppd/PDEUtilsMethod13.h"
 
@@ -43,7 +44,8 @@ using pagesettings::RowPlace;
 - (BOOL)isOnUSB
 {
     CFURLRef url = nullptr;
-    if (PMPrinterCopyDeviceURI([pdePluginCallbackObject PMPrinter], &url) != 0 || !url)
+    PMPrinter const current = plugin::answerOf([&] { return [pdePluginCallbackObject PMPrinter]; });
+    if (PMPrinterCopyDeviceURI(current, &url) != 0 || !url)
         return NO;
     CFStringRef const scheme = CFURLCopyScheme(url);
     if (!scheme)
@@ -326,6 +328,23 @@ static std::optional<std::size_t> countOf(NSArray* choices)
                        .maxLength = [self maxTapeLen],
                        .minMargin = [self minMargin],
                        .maxMargin = [self maxMargin]}};
+}
+
+- (BOOL)readTape:(TapeInfo*)tape
+{
+    OSStatus status = 0;
+    return [self readTape:tape status:&status];
+}
+
+- (BOOL)readTape:(TapeInfo*)tape status:(OSStatus*)status
+{
+    const bool answered = plugin::isTaken([&] {
+        *status = GetTapeInfo(printSession, [pdePluginCallbackObject printSettings],
+                              [pdePluginCallbackObject pageFormat], ppd, tape);
+    });
+    if (!answered)
+        *status = GetTapeInfo(printSession, nullptr, nullptr, ppd, tape);
+    return answered;
 }
 
 static NSString* nonEmpty(NSString* title)

@@ -6,7 +6,8 @@
 // reports changes, saves, restores, asks for the summary and whether the job may print.  A concrete
 // panel overrides the hooks; the base's do nothing unless stated.
 //
-// Main thread only.  Failures are answered by nil, NO or an index, never by an exception.
+// Main thread only.  Failures are answered by nil, NO or an index, never by an exception; what the
+// dialog raises in a method of its own counts as no answer.
 #pragma once
 
 #include "plugin/PDEPluginCallback.h"
@@ -104,6 +105,7 @@
 
 // Tells the dialog of an option's new choice; nothing is told when either is nil.
 - (void)tellDialogOption:(NSString*)key choice:(NSString*)choice;
+- (void)tellDialogOfResize;
 
 // The text for a key in the bundle's strings table, the key itself where it has none.
 - (NSString*)localized:(NSString*)key;

@@ -1,5 +1,6 @@
 #include "plugin/BasePDE.h"
 
+#include "plugin/HostCall.h"
 #include "plugin/ViewResize.hpp"
 #include "ppd/ChoiceLookup.hpp"
 #include "ppd/Keywords.hpp"
@@ -27,12 +28,12 @@ static NSString* const kPanelKind = @"jp.co.vendor.printer.cups.pde.VNKMZRPageSe
     nsPDEBundle = [bundle retain];
     pdePluginCallbackObject = [callback retain];
 
-    printSession = [pdePluginCallbackObject printSession];
-    pmPrintSettings = [pdePluginCallbackObject printSettings];
-    printSettings = [pdePluginCallbackObject printSettings];
-    formatSettings = [pdePluginCallbackObject pageFormat];
-    printer = [pdePluginCallbackObject PMPrinter];
-    ppd = [pdePluginCallbackObject ppdFile];
+    printSession = plugin::answerOf([&] { return [pdePluginCallbackObject printSession]; });
+    pmPrintSettings = plugin::answerOf([&] { return [pdePluginCallbackObject printSettings]; });
+    printSettings = plugin::answerOf([&] { return [pdePluginCallbackObject printSettings]; });
+    formatSettings = plugin::answerOf([&] { return [pdePluginCallbackObject pageFormat]; });
+    printer = plugin::answerOf([&] { return [pdePluginCallbackObject PMPrinter]; });
+    ppd = plugin::answerOf([&] { return [pdePluginCallbackObject ppdFile]; });
 
     [self copyDeviceURI];
     return self;
@@ -261,7 +262,7 @@ static NSString* const kPanelKind = @"jp.co.vendor.printer.cups.pde.VNKMZRPageSe
     if (!window)
         return;
     if (plugin::windowHoldsView([window frame].size.height, size.height)) {
-        [pdePluginCallbackObject panelViewDidResize];
+        [self tellDialogOfResize];
         return;
     }
     [[NSNotificationCenter defaultCenter] addObserver:self selector:@selector(dialogDidExpand:)
@@ -274,7 +275,7 @@ static NSString* const kPanelKind = @"jp.co.vendor.printer.cups.pde.VNKMZRPageSe
     [[NSNotificationCenter defaultCenter] removeObserver:self
                                                     name:NSViewDidUpdateTrackingAreasNotification
                                                   object:kPDEView];
-    [pdePluginCallbackObject panelViewDidResize];
+    [self tellDialogOfResize];
 }
 
 - (void)setDefaultChoices:(ppd_option_t*)option
@@ -298,7 +299,13 @@ static NSString* const kPanelKind = @"jp.co.vendor.printer.cups.pde.VNKMZRPageSe
 {
     // A keyword that is not valid in its encoding names no choice the dialog could mark.
     if (key && choice)
-        [pdePluginCallbackObject willChangePPDOptionKeyValue:key ppdChoice:choice];
+        plugin::isTaken(
+            [&] { [pdePluginCallbackObject willChangePPDOptionKeyValue:key ppdChoice:choice]; });
+}
+
+- (void)tellDialogOfResize
+{
+    plugin::isTaken([&] { [pdePluginCallbackObject panelViewDidResize]; });
 }
 
 - (NSString*)localized:(NSString*)key

@@ -23,6 +23,10 @@ class PrintingCalls
     // lock=0".
     static Texts taken();
 
+    // From now on `fails` is asked before each call, with the name and the address of the caller;
+    // a call that it says fails answers an error.
+    static void askFirst(bool (*fails)(const char* call, void* caller));
+
     // Passes every call on again and forgets the record; done before each test.
     static void reset();
 };

@@ -11,6 +11,7 @@ struct State
     Texts record;
     std::map<std::string, OSStatus> failing;
     std::map<std::string, bool> answeringNull;
+    bool (*fails)(const char* call, void* caller) = nullptr;
 };
 
 State& state()
@@ -27,8 +28,12 @@ Function next(Function, const char* name)
 }
 
 // Whether the call is spoiled; `status` is then its answer.
-bool spoiled(const char* name, OSStatus& status)
+bool spoiled(const char* name, void* caller, OSStatus& status)
 {
+    if (state().fails != nullptr && state().fails(name, caller)) {
+        status = kPMGeneralError;
+        return true;
+    }
     const auto failing = state().failing.find(name);
     if (failing != state().failing.end()) {
         status = failing->second;
@@ -40,11 +45,12 @@ bool spoiled(const char* name, OSStatus& status)
 
 // A call that answers through a pointer.
 template <class Function, class Object, class Answer, class... Key>
-OSStatus ask(Function function, const char* name, Object object, Answer* answer, Key... key)
+OSStatus ask(void* caller, Function function, const char* name, Object object, Answer* answer,
+             Key... key)
 {
     state().record.push_back(name);
     OSStatus status = noErr;
-    if (spoiled(name, status)) {
+    if (spoiled(name, caller, status)) {
         if (status == noErr)
             *answer = Answer{};
         return status;
@@ -52,13 +58,13 @@ OSStatus ask(Function function, const char* name, Object object, Answer* answer,
     return next(function, name)(object, key..., answer);
 }
 
-OSStatus setPage(OSStatus (*function)(PMPrintSettings, UInt32, Boolean), const char* name,
-                 PMPrintSettings settings, UInt32 page, Boolean lock)
+OSStatus setPage(void* caller, OSStatus (*function)(PMPrintSettings, UInt32, Boolean),
+                 const char* name, PMPrintSettings settings, UInt32 page, Boolean lock)
 {
     state().record.push_back(std::string(name) + " " + std::to_string(page) +
                              " lock=" + std::to_string(static_cast<int>(lock)));
     OSStatus status = noErr;
-    if (spoiled(name, status))
+    if (spoiled(name, caller, status))
         return status;
     return next(function, name)(settings, page, lock);
 }
@@ -82,6 +88,11 @@ Texts PrintingCalls::taken()
     return record;
 }
 
+void PrintingCalls::askFirst(bool (*fails)(const char* call, void* caller))
+{
+    state().fails = fails;
+}
+
 void PrintingCalls::reset()
 {
     state() = State{};
@@ -91,52 +102,59 @@ extern "C" {
 
 OSStatus PMPrinterCopyDeviceURI(PMPrinter printer, CFURLRef* uri)
 {
-    return ask(PMPrinterCopyDeviceURI, "PMPrinterCopyDeviceURI", printer, uri);
+    return ask(__builtin_return_address(0), PMPrinterCopyDeviceURI, "PMPrinterCopyDeviceURI",
+               printer, uri);
 }
 
 OSStatus PMGetPageFormatPaper(PMPageFormat format, PMPaper* paper)
 {
-    return ask(PMGetPageFormatPaper, "PMGetPageFormatPaper", format, paper);
+    return ask(__builtin_return_address(0), PMGetPageFormatPaper, "PMGetPageFormatPaper", format,
+               paper);
 }
 
 OSStatus PMPaperGetPPDPaperName(PMPaper paper, CFStringRef* name)
 {
-    return ask(PMPaperGetPPDPaperName, "PMPaperGetPPDPaperName", paper, name);
+    return ask(__builtin_return_address(0), PMPaperGetPPDPaperName, "PMPaperGetPPDPaperName", paper,
+               name);
 }
 
 OSStatus PMPaperGetHeight(PMPaper paper, double* height)
 {
-    return ask(PMPaperGetHeight, "PMPaperGetHeight", paper, height);
+    return ask(__builtin_return_address(0), PMPaperGetHeight, "PMPaperGetHeight", paper, height);
 }
 
 OSStatus PMPrintSettingsGetValue(PMPrintSettings settings, CFStringRef key, CFTypeRef* value)
 {
-    return ask(PMPrintSettingsGetValue, "PMPrintSettingsGetValue", settings, value, key);
+    return ask(__builtin_return_address(0), PMPrintSettingsGetValue, "PMPrintSettingsGetValue",
+               settings, value, key);
 }
 
 OSStatus PMSessionGetDataFromSession(PMPrintSession session, CFStringRef key, CFTypeRef* data)
 {
-    return ask(PMSessionGetDataFromSession, "PMSessionGetDataFromSession", session, data, key);
+    return ask(__builtin_return_address(0), PMSessionGetDataFromSession,
+               "PMSessionGetDataFromSession", session, data, key);
 }
 
 OSStatus PMGetFirstPage(PMPrintSettings settings, UInt32* first)
 {
-    return ask(PMGetFirstPage, "PMGetFirstPage", settings, first);
+    return ask(__builtin_return_address(0), PMGetFirstPage, "PMGetFirstPage", settings, first);
 }
 
 OSStatus PMGetLastPage(PMPrintSettings settings, UInt32* last)
 {
-    return ask(PMGetLastPage, "PMGetLastPage", settings, last);
+    return ask(__builtin_return_address(0), PMGetLastPage, "PMGetLastPage", settings, last);
 }
 
 OSStatus PMSetFirstPage(PMPrintSettings settings, UInt32 first, Boolean lock)
 {
-    return setPage(PMSetFirstPage, "PMSetFirstPage", settings, first, lock);
+    return setPage(__builtin_return_address(0), PMSetFirstPage, "PMSetFirstPage", settings, first,
+                   lock);
 }
 
 OSStatus PMSetLastPage(PMPrintSettings settings, UInt32 last, Boolean lock)
 {
-    return setPage(PMSetLastPage, "PMSetLastPage", settings, last, lock);
+    return setPage(__builtin_return_address(0), PMSetLastPage, "PMSetLastPage", settings, last,
+                   lock);
 }
 
 } // extern "C"
