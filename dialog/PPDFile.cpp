@@ -65,6 +65,18 @@ bool customSizeIsALength(ppd_file_t* record) noexcept
     return true;
 }
 
+// Every option is offered as one to pick one choice of.  A mark is then taken from the others, also
+// where the PPD would have them side by side.
+void pickOne(ppd_file_t* record) noexcept
+{
+    for (ppd_option_t* option = ppdFirstOption(record); option != nullptr;
+         option = ppdNextOption(record)) {
+        if (option->ui == PPD_UI_PICKMANY) {
+            option->ui = PPD_UI_PICKONE;
+        }
+    }
+}
+
 const ppd_choice_t* findChoice(const ppd_option_t& option, const std::string& keyword) noexcept
 {
     for (int i = 0; i < option.num_choices; ++i) {
@@ -126,6 +138,7 @@ PPDFile PPDFile::fromBytes(std::string_view name, std::string_view bytes, Failur
         failure = ppdDamaged(name, 0, {});
         return {};
     }
+    pickOne(file.record_);
     ppdMarkDefaults(file.record_);
     return file;
 }

@@ -62,6 +62,18 @@ TEST(PPDFile, MarksListedChoicesAndNoOthers)
     EXPECT_EQ(ppd.marked("Nothing"), "");
 }
 
+TEST(PPDFile, MarksOneChoiceAlsoWhereThePrinterWouldTakeMany)
+{
+    Failure failure;
+    PPDFile ppd = PPDFile::fromBytes("many",
+                                     "*PPD-Adobe: \"4.3\"\n*OpenUI *A/a: PickMany\n*DefaultA: x\n"
+                                     "*A x/X: \"\"\n*A y/Y: \"\"\n*CloseUI: *A\n",
+                                     failure);
+    EXPECT_EQ(ppd.marked("A"), "x") << failure.text;
+    EXPECT_TRUE(ppd.mark("A", "y"));
+    EXPECT_EQ(ppd.marked("A"), "y");
+}
+
 TEST(PPDFile, TakesAnotherDefaultThatFits)
 {
     Failure failure;
