@@ -401,6 +401,11 @@ for part, line in (("choices PageSize", '*PageSize {0}/{0} wide: ""\n'),
                    ("paper DC62", '*PaperDimension {}: "68 283.465"\n')):
     plain_many.ppd.put(part, plain_many.ppd.pieces[part] +
                        "".join(line.format(name) for name in plain_names).encode())
+plain_many.ppd.option("PageRegion", "Tape", "TC24",
+                      [("TC12", "12 mm strip"), ("TC24", "24 mm strip"), ("DC62", "62 mm sticker")] +
+                      [(name, name + " wide") for name in plain_names])
+for part in ("choices PageSize", "choices PageRegion"):
+    plain_many.ppd.put(part, plain_many.ppd.pieces[part].replace(b': ""', b': "<<>>setpagedevice"'))
 case("PageSize-ten-thousand", plain_many)
 
 # Encodings -------------------------------------------------------------------------------------
