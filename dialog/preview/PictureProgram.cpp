@@ -15,13 +15,14 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-#ifndef __has_feature
-#define __has_feature(feature) 0
-#endif
-
 namespace {
 
+// The sanitizer's own tables are larger than what a document may take.
+#if defined(__has_feature) && __has_feature(address_sanitizer)
+constexpr rlim_t kMostMemory = RLIM_INFINITY;
+#else
 constexpr rlim_t kMostMemory = rlim_t{1024} * 1024 * 1024;
+#endif
 constexpr rlim_t kMostSeconds = 10; // of a processor
 constexpr unsigned kDeadline = 30;  // seconds altogether
 
@@ -37,10 +38,7 @@ void keepWithinBounds()
     alarm(kDeadline);
     limit(RLIMIT_CPU, kMostSeconds);
     limit(RLIMIT_CORE, 0);
-#if !__has_feature(address_sanitizer)
-    // The sanitizer's own tables are larger than this.
     limit(RLIMIT_AS, kMostMemory);
-#endif
 }
 
 // One byte more than is looked at tells that there is more.
