@@ -2,6 +2,7 @@
 
 #include "dialog/Messages.hpp"
 #include "dialog/Text.h"
+#include "dialog/longlist/LongPopUp.h"
 
 #include <cmath>
 #include <string>
@@ -20,6 +21,7 @@ struct Listing
     void view(NSView* view) const;
     void matrix(NSMatrix* matrix) const;
     void menu(NSMenuView* menu) const;
+    void longList(LongListView* list) const;
     std::string nameOf(NSView* view) const;
 };
 
@@ -75,6 +77,13 @@ void Listing::menu(NSMenuView* menuView) const
     }
 }
 
+void Listing::longList(LongListView* list) const
+{
+    for (std::size_t row = [list firstRowInSight]; row < [list endOfRowsInSight]; ++row) {
+        line("item", list, [list frameOfRow:row], true, [list row] == row, [list titleOfRow:row]);
+    }
+}
+
 void Listing::view(NSView* view) const
 {
     if ([view isHidden]) {
@@ -82,6 +91,8 @@ void Listing::view(NSView* view) const
     }
     if ([view isKindOfClass:[NSMenuView class]]) {
         menu((NSMenuView*)view);
+    } else if ([view isKindOfClass:[LongListView class]]) {
+        longList((LongListView*)view);
     } else if ([view isKindOfClass:[NSMatrix class]]) {
         matrix((NSMatrix*)view);
     } else if ([view isKindOfClass:[NSControl class]]) {

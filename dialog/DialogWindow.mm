@@ -4,6 +4,7 @@
 #include "dialog/Layout.hpp"
 #include "dialog/SummaryView.h"
 #include "dialog/Text.h"
+#include "dialog/longlist/LongPopUp.h"
 #include "dialog/preview/LabelPreview.h"
 #include "dialog/theme/TapeTheme.h"
 
@@ -32,7 +33,7 @@ NSTextField* makeLabel(NSString* title, NSTextAlignment alignment)
 
 NSPopUpButton* makePopUp(id target, SEL action)
 {
-    NSPopUpButton* const popUp = [[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO];
+    LongPopUp* const popUp = [[LongPopUp alloc] initWithFrame:NSZeroRect pullsDown:NO];
     [popUp setAutoenablesItems:NO];
     [popUp setFont:[NSFont systemFontOfSize:12]];
     [popUp setTarget:target];
@@ -242,6 +243,15 @@ NSPopUpButton* openPopUpIn(NSView* view)
 // and looks for it each time.
 - (void)fill:(NSPopUpButton*)popUp with:(const std::vector<std::string>&)titles
 {
+    if ([popUp isKindOfClass:[LongPopUp class]]) {
+        LongPopUp* const longOne = (LongPopUp*)popUp;
+        if (titles.size() > dialog::kMostMenuItems) {
+            [longOne showLong:titles];
+            [longOne setEnabled:YES];
+            return;
+        }
+        [longOne showShort];
+    }
     [popUp removeAllItems];
     NSMenu* const menu = [popUp menu];
     [menu setMenuChangedMessagesEnabled:NO];

@@ -201,6 +201,62 @@ def another_tape_brings_its_own_length():
         equal((job["PageSize"], job["VnTapeLength"]), ("AV12x60", "60.0"), "tape and length")
 
 
+def many_tapes(folder, count=3000):
+    """A PPD with that many tapes, T0 "0 mm tape" and on; T7 is the default."""
+    with open(sample(""), encoding="utf-8") as file:
+        lines = [line for line in file.read().split("\n")
+                 if not line.startswith(("*PageSize ", "*PageRegion ", "*ImageableArea ",
+                                         "*PaperDimension "))]
+    def after(beginning, *more):
+        at = next(i for i, line in enumerate(lines) if line.startswith(beginning))
+        lines[at:at + 1] = [beginning + " T7", *more]
+    for option in ("PageSize", "PageRegion"):
+        after(f"*Default{option}:", *(f'*{option} T{i}/{i} mm tape: "<</PageSize[{i + 10} 200]>>"'
+                                      for i in range(count)))
+    after("*DefaultImageableArea:", *(f'*ImageableArea T{i}: "1 2 {i + 9} 198"'
+                                      for i in range(count)))
+    after("*DefaultPaperDimension:", *(f'*PaperDimension T{i}: "{i + 10} 200"'
+                                       for i in range(count)))
+    path = folder + "/many.ppd"
+    with open(path, "w", encoding="utf-8") as file:
+        file.write("\n".join(lines))
+    return path
+
+
+@test
+def a_list_of_thousands_of_tapes_opens_moves_and_chooses_by_keys_and_mouse():
+    with tempfile.TemporaryDirectory() as folder:
+        with Dialog(PROGRAM, "--ppd", many_tapes(folder), environment=NO_SERVER) as dialog:
+            dialog.press(dialog.wait("Tape", "7 mm tape"))
+            dialog.wait("item", "7 mm tape", on=True)
+            check(len(dialog.all("item")) < 20, "only the rows in sight are there")
+            for key, chosen in (("End", "2999 mm tape"), ("Up", "2998 mm tape"),
+                                ("Home", "0 mm tape"), ("Prior", "0 mm tape")):
+                xdotool("key", key)
+                dialog.wait("item", chosen, on=True)
+            xdotool("type", "--delay", "40", "123")
+            dialog.wait("item", "123 mm tape", on=True)
+            xdotool("key", "Return")
+            dialog.wait("Tape", "123 mm tape")
+            wait_for(lambda: not dialog.all("item"), "the list to close")
+            # The button keeps the focus: a key opens the list again, Escape closes it alone.
+            xdotool("key", "space")
+            dialog.wait("item", "123 mm tape", on=True)
+            xdotool("key", "Down")
+            dialog.wait("item", "124 mm tape", on=True)
+            xdotool("key", "Escape")
+            wait_for(lambda: not dialog.all("item"), "the list to close")
+            dialog.wait("Tape", "123 mm tape")
+            dialog.press(dialog.wait("Tape"))
+            dialog.press(dialog.wait("item", "125 mm tape"))
+            dialog.wait("Tape", "125 mm tape")
+            dialog.press(dialog.wait("Print"))
+            dialog.end(0)
+            # 135 points wide.
+            check(dialog.job_in_folder()["PageSize"].startswith("Custom.47.6"),
+                  "the tape is not in the job: {}".format(dialog.job_in_folder()))
+
+
 @test
 def a_typed_length_survives_another_tape():
     with ppd("resolution") as dialog:
