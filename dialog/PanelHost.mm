@@ -32,14 +32,13 @@ bool HostState::setPaper(const std::string& name)
     if (ppd.record() == nullptr) {
         return false;
     }
-    for (const printing::Paper& paper : printing::papersFromPPD(*ppd.record())) {
-        if (paper.ppdName == name) {
-            ppd.mark("PageSize", name);
-            pageFormat.setPaper(paper);
-            return true;
-        }
+    const std::optional<printing::Paper> paper = printing::paperFromPPD(*ppd.record(), name);
+    if (!paper) {
+        return false;
     }
-    return false;
+    ppd.mark("PageSize", name);
+    pageFormat.setPaper(*paper);
+    return true;
 }
 
 void HostState::takeWantedLengths()

@@ -53,17 +53,15 @@ std::optional<std::string> utf8(CFStringRef string)
     return std::string(reinterpret_cast<const char*>(CFDataGetBytePtr(bytes.get())), length);
 }
 
-std::vector<Paper> papersFromPPD(const ppd_file_t& ppd)
+std::optional<Paper> paperFromPPD(const ppd_file_t& ppd, std::string_view name)
 {
-    std::vector<Paper> papers;
-    if (ppd.sizes == nullptr || ppd.num_sizes <= 0)
-        return papers;
-    papers.reserve(static_cast<std::size_t>(ppd.num_sizes));
-    for (int i = 0; i < ppd.num_sizes; ++i) {
+    for (int i = 0; ppd.sizes != nullptr && i < ppd.num_sizes; ++i) {
         const ppd_size_t& size = ppd.sizes[i];
-        papers.push_back({size.name, size.width, size.length});
+        if (name == size.name) {
+            return Paper{size.name, size.width, size.length};
+        }
     }
-    return papers;
+    return std::nullopt;
 }
 
 Printer::Printer(std::string name, std::string deviceURI) : record_(std::make_unique<Record>())

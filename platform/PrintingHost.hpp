@@ -34,8 +34,8 @@ struct Paper
     double heightPoints = 0;
 };
 
-// The papers of a PPD, in its order.
-std::vector<Paper> papersFromPPD(const ppd_file_t& ppd);
+// The PPD's paper of that name, compared exactly; no value when it has none.
+std::optional<Paper> paperFromPPD(const ppd_file_t& ppd, std::string_view name);
 
 class Printer
 {

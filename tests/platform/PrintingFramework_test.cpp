@@ -390,7 +390,7 @@ TEST(PMSessionGetDataFromSession, RefusesNullAndOtherKinds)
               kPMInvalidParameter);
 }
 
-TEST(PapersFromPPD, AreNamedAndMeasuredInTheOrderOfThePPD)
+TEST(PaperFromPPD, IsTheOneOfThatNameWithItsMeasures)
 {
     ppd_size_t sizes[2] = {};
     std::strcpy(sizes[0].name, "TC24");
@@ -402,21 +402,23 @@ TEST(PapersFromPPD, AreNamedAndMeasuredInTheOrderOfThePPD)
     ppd_file_t ppd = {};
     ppd.num_sizes = 2;
     ppd.sizes = sizes;
-    const auto papers = papersFromPPD(ppd);
-    ASSERT_EQ(papers.size(), 2u);
-    EXPECT_EQ(papers[0].ppdName, "TC24");
-    EXPECT_EQ(papers[0].widthPoints, 68.0);
-    EXPECT_EQ(papers[0].heightPoints, 283.5);
-    EXPECT_EQ(papers[1].ppdName, "DC62");
-    EXPECT_EQ(papers[1].heightPoints, 285.0);
+    const auto second = paperFromPPD(ppd, "DC62");
+    ASSERT_TRUE(second.has_value());
+    EXPECT_EQ(second->ppdName, "DC62");
+    EXPECT_EQ(second->widthPoints, 175.0);
+    EXPECT_EQ(second->heightPoints, 285.0);
+    EXPECT_EQ(paperFromPPD(ppd, "TC24")->heightPoints, 283.5);
+    EXPECT_FALSE(paperFromPPD(ppd, "tc24").has_value());
+    EXPECT_FALSE(paperFromPPD(ppd, "TC2").has_value());
+    EXPECT_FALSE(paperFromPPD(ppd, "").has_value());
 }
 
-TEST(PapersFromPPD, AreNoneForAPPDWithoutSizes)
+TEST(PaperFromPPD, IsNoneForAPPDWithoutSizes)
 {
     ppd_file_t ppd = {};
-    EXPECT_TRUE(papersFromPPD(ppd).empty());
+    EXPECT_FALSE(paperFromPPD(ppd, "TC24").has_value());
     ppd.num_sizes = -1;
-    EXPECT_TRUE(papersFromPPD(ppd).empty());
+    EXPECT_FALSE(paperFromPPD(ppd, "TC24").has_value());
     ppd.num_sizes = 3;
-    EXPECT_TRUE(papersFromPPD(ppd).empty());
+    EXPECT_FALSE(paperFromPPD(ppd, "TC24").has_value());
 }
