@@ -253,6 +253,8 @@ class Parser
         return false;
     }
 
+    bool require(bool holds, const char* problem) { return holds ? true : fail(problem); }
+
     bool startsWith(std::string_view text) const
     {
         return document_.substr(at_, text.size()) == text;
@@ -354,7 +356,7 @@ class Parser
         Tag tag;
         if (!readTag(tag))
             return false;
-        return (tag.isEnd && tag.name == name) || fail("An end tag does not match.");
+        return require(tag.isEnd && tag.name == name, "An end tag does not match.");
     }
 
     bool readReference(std::string& text)
@@ -429,7 +431,7 @@ class Parser
             if (!skipMisc() || !readTag(next))
                 return false;
             if (next.isEnd)
-                return next.name == tag.name || fail("An end tag does not match.");
+                return require(next.name == tag.name, "An end tag does not match.");
             if (!readValue(next, value.items.emplace_back(), depth + 1))
                 return false;
         }
@@ -444,7 +446,7 @@ class Parser
             if (!skipMisc() || !readTag(next))
                 return false;
             if (next.isEnd)
-                return next.name == tag.name || fail("An end tag does not match.");
+                return require(next.name == tag.name, "An end tag does not match.");
             if (next.name != "key")
                 return fail("A dictionary has a value without a key.");
             if (!readText(next, value.keys.emplace_back()) || !skipMisc() || !readTag(next))
@@ -479,7 +481,7 @@ class Parser
         if (tag.name == "true" || tag.name == "false") {
             value.type = Type::Boolean;
             value.integer = tag.name == "true";
-            return trimmed(text).empty() || fail("A truth value holds text.");
+            return require(trimmed(text).empty(), "A truth value holds text.");
         }
         if (tag.name == "data") {
             auto bytes = fromBase64(text);
@@ -493,14 +495,15 @@ class Parser
             const auto integer = integerFrom(trimmed(text));
             value.type = Type::Integer;
             value.integer = integer.value_or(0);
-            return integer.has_value() || fail("An integer is not one, or is too large.");
+            return require(integer.has_value(), "An integer is not one, or is too large.");
         }
         if (tag.name == "real" || tag.name == "date") {
             const bool isDate = tag.name == "date";
             const auto real = isDate ? dateFrom(trimmed(text)) : realFrom(trimmed(text));
             value.type = isDate ? Type::Date : Type::Real;
             value.real = real.value_or(0);
-            return real.has_value() || fail(isDate ? "A date is not one." : "A number is not one.");
+            return require(real.has_value(),
+                           isDate ? "A date is not one." : "A number is not one.");
         }
         return fail("A tag is not one of a property list.");
     }
@@ -521,7 +524,7 @@ class Parser
             return false;
         if (!skipMisc() || !readEnd("plist") || !skipMisc())
             return false;
-        return at_ == document_.size() || fail("There is more after the property list.");
+        return require(at_ == document_.size(), "There is more after the property list.");
     }
 
     std::string_view document_;

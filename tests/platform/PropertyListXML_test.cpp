@@ -305,3 +305,85 @@ TEST(PropertyListXML, ReadsBackNumbersToTheLastBit)
         EXPECT_EQ(again.value->real, value);
     }
 }
+
+TEST(PropertyListXML, RefusesACommentOrMarkedSectionWithoutAnEndWhereverItStands)
+{
+    for (const char* document :
+         {"<!-- ", "<plist><!-- ", "<plist><true/><!-- ", "<plist><true/></plist><!-- ",
+          "<plist><array><!-- ", "<plist><dict><!-- ", "<plist><dict><key>a</key><!-- ",
+          "<plist><string>a<!-- ", "<plist><string>a<![CDATA[b", "<plist><? "})
+        EXPECT_TRUE(isRefused(document)) << document;
+}
+
+TEST(PropertyListXML, RefusesEndTagsThatCloseSomethingElse)
+{
+    for (const char* content : {"<array></dict>", "<dict></array>", "<string>a</data>",
+                                "<string>a<string>", "<true></false>"})
+        EXPECT_TRUE(isRefused(list(content))) << content;
+    EXPECT_TRUE(isRefused("<plist><true/></string>"));
+    EXPECT_TRUE(isRefused("<plist><true/><plist>"));
+}
+
+TEST(PropertyListXML, ReadsADocumentTypeInEitherQuotes)
+{
+    const auto result =
+        parsePropertyListXML("<!DOCTYPE plist SYSTEM 'a > \" b'><plist><true/></plist>");
+    ASSERT_TRUE(result.value) << result.problem;
+    EXPECT_EQ(result.value->integer, 1);
+}
+
+TEST(PropertyListXML, EndsATagsNameAtAnythingButASmallLetter)
+{
+    EXPECT_TRUE(isRefused(list("<stri{ng/>")));
+    EXPECT_TRUE(isRefused(list("<stri`ng/>")));
+    EXPECT_EQ(text("<string{>a</string>"), "a"); // what follows the name says nothing
+}
+
+TEST(PropertyListXML, TakesASlashInAnEndTagForNothing)
+{
+    EXPECT_EQ(text("<string>a</string/>"), "a");
+}
+
+TEST(PropertyListXML, ReadsLeadingZerosAsDecimalsAndEitherLetterAsHexadecimal)
+{
+    EXPECT_EQ(parsed("<integer>011</integer>").integer, 11);
+    EXPECT_EQ(parsed("<integer>0X1F</integer>").integer, 31);
+    EXPECT_EQ(parsed("<integer>0</integer>").integer, 0);
+}
+
+TEST(PropertyListXML, RefusesReferencesWithMoreThanANumber)
+{
+    EXPECT_TRUE(isRefused(list("<string>&#65z;</string>")));
+    EXPECT_TRUE(isRefused(list("<string>&#x4Gz;</string>")));
+}
+
+TEST(PropertyListXML, RefusesDatesWithAnotherCharacterAnywhere)
+{
+    // "/" stands just before the digits, ":" just behind them.
+    const std::string good = "2001-02-03T04:05:06Z";
+    EXPECT_EQ(parsed("<date>" + good + "</date>").type, Type::Date);
+    for (std::size_t i = 0; i < good.size(); ++i) {
+        for (const char other : {'/', ':', 'x'}) {
+            std::string changed = good;
+            changed[i] = other;
+            if (changed != good)
+                EXPECT_TRUE(isRefused(list("<date>" + changed + "</date>"))) << changed;
+        }
+    }
+}
+
+TEST(IsXMLText, RefusesACharacterThatIsCutOffAtTheEnd)
+{
+    EXPECT_FALSE(isXMLText("a\xc3"));
+    EXPECT_FALSE(isXMLText("a\xe2\x82"));
+    EXPECT_FALSE(isXMLText("a\xf0\x9f\x8f"));
+    EXPECT_TRUE(isXMLText("a\xf0\x9f\x8f\xb7"));
+}
+
+TEST(IsXMLText, RefusesACharacterThatIsWrittenLongerThanItNeedsToBe)
+{
+    EXPECT_FALSE(isXMLText("\xe0\x9f\xbf"));     // U+07FF in three bytes
+    EXPECT_TRUE(isXMLText("\xe0\xa0\x80"));      // U+0800
+    EXPECT_FALSE(isXMLText("\xf0\x8f\xbf\xbd")); // U+FFFD in four bytes
+    EXPECT_TRUE(isXMLText("\xf0\x90\x80\x80"));  // U+10000
+}

@@ -32,3 +32,13 @@ TEST(SchemeOf, IsEmptyWithoutAScheme)
     EXPECT_EQ(schemeOf("a b://x"), "");
     EXPECT_EQ(schemeOf("\xc3\xa9://x"), "");
 }
+
+TEST(SchemeOf, TakesNoNeighbourOfALetterOrDigitForOne)
+{
+    for (const char* uri : {"@x://", "[x://", "`x://", "{x://", "a@b://", "a[b://", "a`b://",
+                            "a{b://", "a/b://", "a;b://"})
+        EXPECT_EQ(schemeOf(uri), "") << uri;
+    EXPECT_EQ(schemeOf("AZaz09://"), "AZaz09");
+    EXPECT_EQ(schemeOf("Z://"), "Z");
+    EXPECT_EQ(schemeOf("z://"), "z");
+}
