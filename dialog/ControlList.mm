@@ -112,6 +112,11 @@ void Listing::view(NSView* view) const
         line(nameOf(control), control, [control bounds], [control isEnabled],
              isButton && [(NSButton*)control state] == NSOnState, value);
     }
+    if ([view isKindOfClass:[NSProgressIndicator class]]) {
+        NSProgressIndicator* const bar = (NSProgressIndicator*)view;
+        line(nameOf(bar), bar, [bar bounds], true, false,
+             toNSString(std::to_string([bar doubleValue])));
+    }
     for (NSView* part in [view subviews]) {
         this->view(part);
     }

@@ -1,5 +1,6 @@
 #include "dialog/DialogController+Printers.h"
 
+#include "dialog/DialogController+Job.h"
 #include "dialog/Text.h"
 #include "dialog/background/RememberedPrinters.hpp"
 
@@ -206,7 +207,9 @@ dialog::PrinterFinder::Clock::time_point now()
 - (void)lookAround
 {
     // A list that is open must not be filled anew, nor the panel go away beneath its own list.
-    if (![window_ hasOpenList]) {
+    if (sender_.underWay()) {
+        [self lookAtJob];
+    } else if (![window_ hasOpenList]) {
         if (finder_->poll(now())) {
             [self showPrinters];
         }
@@ -223,9 +226,10 @@ dialog::PrinterFinder::Clock::time_point now()
 {
     [NSObject cancelPreviousPerformRequestsWithTarget:self selector:@selector(lookAround)
                                                object:nil];
-    if (finder_->busy() || opener_.underWay()) {
+    const bool soon = ![self isSettled] || sender_.underWay();
+    if (soon || finder_->busy()) {
         [self performSelector:@selector(lookAround) withObject:nil
-                   afterDelay:[self isSettled] ? kLater : kSoon];
+                   afterDelay:soon ? kSoon : kLater];
     }
 }
 

@@ -8,6 +8,7 @@
 #include "dialog/PanelHost.h"
 #include "dialog/PanelLoader.h"
 #include "dialog/Printers.hpp"
+#include "dialog/background/JobSender.hpp"
 #include "dialog/background/PrinterFinder.hpp"
 #include "dialog/background/PrinterOpener.hpp"
 #include "dialog/preview/LabelPreview.h"
@@ -33,8 +34,10 @@
     NSTimer* listing_;
     std::unique_ptr<dialog::PrinterFinder> finder_;
     dialog::PrinterOpener opener_;
-    std::string paperToOpen_; // the tape that the printer being opened is to start with
-    BOOL isOpen_;             // the current printer's PPD is there
+    dialog::JobSender sender_;
+    dialog::JobPhase phaseShown_; // by the window's controls
+    std::string paperToOpen_;     // the tape that the printer being opened is to start with
+    BOOL isOpen_;                 // the current printer's PPD is there
     BOOL paperIsUnchecked_;
     BOOL hasActed_;
     BOOL wasShown_; // and what waits for that may begin

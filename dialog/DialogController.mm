@@ -1,9 +1,9 @@
 #include "dialog/DialogController.h"
 
+#include "dialog/DialogController+Job.h"
 #include "dialog/DialogController+Printers.h"
 #include "dialog/Document.hpp"
 #include "dialog/JobPageSize.hpp"
-#include "dialog/OutputFolder.hpp"
 #include "dialog/Places.hpp"
 #include "dialog/Text.h"
 #include "dialog/Translate.hpp"
@@ -16,8 +16,6 @@ namespace {
 // Long enough for the window manager to have placed the window.
 constexpr NSTimeInterval kShownDelay = 0.4;
 constexpr NSTimeInterval kListingInterval = 0.1;
-// A server that hangs is not waited for when the window closes.
-constexpr std::chrono::milliseconds kLeavingPatience{300};
 
 enum Pane : NSInteger
 {
@@ -108,7 +106,10 @@ enum Pane : NSInteger
 
 - (BOOL)windowShouldClose:(id)sender
 {
-    [self cancelDialog:sender];
+    if (![self leaveWaitingJob]) {
+        [self stopWithStatus:status_ == dialog::ExitStatus::Printed ? dialog::ExitStatus::Cancelled
+                                                                    : status_];
+    }
     return NO;
 }
 
@@ -274,7 +275,7 @@ enum Pane : NSInteger
 
 - (void)cancelDialog:(id)sender
 {
-    if ([window_ closeOpenList]) {
+    if ([window_ closeOpenList] || [self cancelJob]) {
         return;
     }
     [self stopWithStatus:status_ == dialog::ExitStatus::Printed ? dialog::ExitStatus::Cancelled
@@ -283,8 +284,8 @@ enum Pane : NSInteger
 
 - (void)printDialog:(id)sender
 {
-    if ([[window_ printButton] isEnabled] && [self printNow]) {
-        [self stopWithStatus:dialog::ExitStatus::Printed];
+    if (![self leaveWaitingJob] && [[window_ printButton] isEnabled]) {
+        [self printNow];
     }
 }
 
@@ -309,10 +310,10 @@ enum Pane : NSInteger
 
 - (dialog::Failure)sendWithCopies:(std::int32_t)copies
 {
-    const dialog::PrinterEntry& printer = printers_[current_];
-    const dialog::Document document = dialog::Document::open(line_.document);
-    if (!document.ok()) {
-        return document.failure();
+    const auto document =
+        std::make_shared<const dialog::Document>(dialog::Document::open(line_.document));
+    if (!document->ok()) {
+        return document->failure();
     }
     if (loaded_ != nil) {
         // Saved before the panel is asked: the other way round the job could carry the values from
@@ -322,27 +323,19 @@ enum Pane : NSInteger
             return dialog::panelHoldsJob();
         }
     }
-    const std::vector<dialog::JobOption> options = dialog::optionsToSend(
+    dialog::JobTicket ticket;
+    ticket.printer = printers_[current_];
+    ticket.document = document;
+    ticket.title = dialog::jobTitle(line_.title, document->name());
+    ticket.options = dialog::optionsToSend(
         [host_ options], dialog::pageSizeToSend([host_ ppd], [host_ paperName], [host_ options]),
         copies);
-    const std::string title = dialog::jobTitle(line_.title, document.name());
-    if (printer.kind == dialog::PrinterKind::Queue) {
-        const dialog::SentJob sent =
-            dialog::sendJob(printer.name, title, options, document.path(), document.name());
-        if (!sent.failure) {
-            std::printf("%s\n", dialog::jobSent(printer.name, sent.id).c_str());
-        }
-        return sent.failure;
-    }
-    const std::string summary =
-        "Title: " + dialog::shown(title) + "\nPrinter: " + dialog::shown(printer.name) +
-        "\nCopies: " + std::to_string(copies) + "\n" + dialog::summaryText([self summaryLines]);
-    const dialog::JobFolder written = dialog::writeJobFolder(
-        line_.output, document.path(), document.name(), dialog::optionLines(options), summary);
-    if (written.path.empty()) {
-        return dialog::outputNotWritten(line_.output, written.reason);
-    }
-    std::printf("%s\n", dialog::jobWritten(written.path).c_str());
+    ticket.output = line_.output;
+    ticket.summary = "Title: " + dialog::shown(ticket.title) +
+                     "\nPrinter: " + dialog::shown(ticket.printer.name) +
+                     "\nCopies: " + std::to_string(copies) + "\n" +
+                     dialog::summaryText([self summaryLines]);
+    [self beginJob:std::move(ticket)];
     return {};
 }
 
@@ -378,7 +371,9 @@ enum Pane : NSInteger
     if (line_.printAtOnce) {
         // A script must not get a job that lacks what it asked for.
         if (status_ == dialog::ExitStatus::Printed || status_ == dialog::ExitStatus::NotWritten) {
-            [self printNow];
+            if ([self printNow]) {
+                return; // jobDidEnd goes on
+            }
         }
         [self stopWithStatus:status_];
     }
@@ -411,9 +406,10 @@ enum Pane : NSInteger
     [[loaded_ panel] printWindowWillClose:status == dialog::ExitStatus::Printed];
     [[window_ window] orderOut:nil];
     [self endLooking];
+    const std::chrono::milliseconds patience = [self endJob];
     // Not by stop: and an event to wake the loop: the toolkit can wait for the next real event
     // before it looks at a posted one, and no more come.
-    dialog::leave(status, kLeavingPatience);
+    dialog::leave(status, patience);
 }
 
 @end

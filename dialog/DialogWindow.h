@@ -5,6 +5,7 @@
 #pragma once
 
 #include "dialog/SummaryLines.hpp"
+#include "dialog/background/JobPhase.hpp"
 
 #include <AppKit/AppKit.h>
 
@@ -36,6 +37,7 @@
     NSTextField* copies_;
     NSStepper* stepper_;
     NSTextField* message_;
+    NSProgressIndicator* progress_;
     NSBox* box_;
     NSButton* cancel_;
     NSButton* print_;
@@ -76,6 +78,10 @@
 - (BOOL)wasTouched;
 
 - (void)showMessage:(NSString*)text isFailure:(BOOL)isFailure;
+
+// What a job on its way leaves to the user, and how much of it has been sent (0 to 1).
+- (void)offer:(const dialog::JobOffer&)offer;
+- (void)showProgress:(double)fraction;
 
 // The inside of the window as a PNG; NO when it could not be written.
 - (BOOL)writePicture:(NSString*)path;

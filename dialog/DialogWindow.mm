@@ -165,13 +165,18 @@ NSPopUpButton* openPopUpIn(NSView* view)
     message_ = makeLabel(@"", NSLeftTextAlignment);
     [message_ setFont:[NSFont systemFontOfSize:11]];
     [[message_ cell] setWraps:YES];
+    progress_ = [[NSProgressIndicator alloc] initWithFrame:NSZeroRect];
+    [progress_ setIndeterminate:NO];
+    [progress_ setMinValue:0];
+    [progress_ setMaxValue:1];
+    [progress_ setHidden:YES];
     cancel_ = makeButton(dialog::localized("Cancel"), @"\e", controller, @selector(cancelDialog:));
     print_ = makeButton(dialog::localized("Print"), @"\r", controller, @selector(printDialog:));
 
     NSView* const content = [window_ contentView];
     for (NSView* view in @[
              printerLabel_, printer_, tapeLabel_, tape_, copiesLabel_, copies_, stepper_, chooser_,
-             box_, message_, cancel_, print_
+             box_, message_, progress_, cancel_, print_
          ]) {
         [content addSubview:view];
     }
@@ -188,7 +193,7 @@ NSPopUpButton* openPopUpIn(NSView* view)
     [pane_ removeFromSuperview];
     for (NSView* view in @[
              printerLabel_, printer_, tapeLabel_, tape_, copiesLabel_, copies_, stepper_, chooser_,
-             box_, message_, cancel_, print_
+             box_, message_, progress_, cancel_, print_
          ]) {
         [view release];
     }
@@ -340,6 +345,7 @@ NSPopUpButton* openPopUpIn(NSView* view)
     [box_ setFrame:toRect(layout.box)];
     [[preview_ view] setFrame:toRect(layout.preview)];
     [message_ setFrame:toRect(layout.message)];
+    [progress_ setFrame:toRect(layout.progress)];
     [cancel_ setFrame:toRect(layout.cancel)];
     [print_ setFrame:toRect(layout.print)];
     [pane_ setFrameOrigin:toRect(layout.pane).origin];
@@ -378,6 +384,30 @@ NSPopUpButton* openPopUpIn(NSView* view)
     [message_ setToolTip:[text length] == 0 ? nil : text];
 }
 
+- (void)offer:(const dialog::JobOffer&)offer
+{
+    [printer_ setEnabled:offer.settings];
+    [tape_ setEnabled:offer.settings && [tape_ numberOfItems] > 0];
+    [copies_ setEnabled:offer.settings];
+    [stepper_ setEnabled:offer.settings];
+    [print_ setEnabled:offer.print != dialog::PrintButton::Waits];
+    [print_ setTitle:offer.print == dialog::PrintButton::Closes ? dialog::localized("Close")
+                                                                : dialog::localized("Print")];
+    [cancel_ setTitle:offer.print == dialog::PrintButton::Closes ? dialog::localized("Cancel Job")
+                                                                 : dialog::localized("Cancel")];
+    // A button that changes while it is being pressed stays drawn as pressed.
+    for (NSButton* button in @[ cancel_, print_ ]) {
+        [button setState:NSOffState];
+        [button highlight:NO];
+    }
+    [progress_ setHidden:!offer.bar];
+}
+
+- (void)showProgress:(double)fraction
+{
+    [progress_ setDoubleValue:fraction];
+}
+
 - (BOOL)writePicture:(NSString*)path
 {
     // Through the view around the content, whose corner lies on a whole pixel at every scale.  The
@@ -403,6 +433,7 @@ NSPopUpButton* openPopUpIn(NSView* view)
                                     {stepper_, "Copies Stepper"},
                                     {chooser_, "Pane"},
                                     {message_, "Message"},
+                                    {progress_, "Progress"},
                                     {[preview_ pictureControl], "Label Picture"},
                                     {[preview_ sizeField], "Label Size"},
                                     {[preview_ usedField], "Tape Used"},

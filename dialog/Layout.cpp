@@ -18,6 +18,7 @@ constexpr double kBoxInset = 12;
 constexpr double kButtonWidth = 90;
 constexpr double kButtonHeight = 26;
 constexpr double kMessageHeight = 30; // two lines
+constexpr double kProgressHeight = 10;
 constexpr double kMessageGap = 6;
 constexpr double kChooserWidth = 200;
 constexpr double kPopUpWidth = 300;
@@ -50,6 +51,7 @@ WindowLayout layOut(Size pane) noexcept
 
     y += kButtonHeight + kRowGap;
     layout.message = {kEdge, y, right - kEdge, kMessageHeight};
+    layout.progress = {kEdge, y, right - kEdge, kProgressHeight};
 
     y += kMessageHeight + kMessageGap;
     layout.box = {kEdge, y, boxWidth, boxHeight};

@@ -33,6 +33,7 @@ struct WindowLayout
     Frame pane;    // the panel's view or the summary, inside the content
     Frame preview; // the label, at the right of the box and as high
     Frame message;
+    Frame progress; // below a message of one line, in the same room
     Frame cancel, print;
 };
 

@@ -202,6 +202,47 @@ Failure fileNotWritten(std::string_view path)
     return {filled(tr("The file {1} cannot be written."), {quoted(path)}), ExitStatus::NotWritten};
 }
 
+Failure jobGivenUp(std::string_view printer, int jobId, std::string_view reason)
+{
+    return {because(filled(tr("The job {1} was not printed on {2}"),
+                           {std::to_string(jobId), quoted(printer)}),
+                    reason),
+            ExitStatus::NotPrinted};
+}
+
+std::string jobWaits(std::string_view printer, int jobId, std::string_view reason)
+{
+    return because(filled(tr("The job {1} waits on {2}"), {std::to_string(jobId), quoted(printer)}),
+                   reason);
+}
+
+std::string jobOutOfSight(std::string_view printer, int jobId)
+{
+    return filled(tr("The job {1} was sent to {2}, but the print server does not say what becomes "
+                     "of it."),
+                  {std::to_string(jobId), quoted(printer)});
+}
+
+std::string sendingJob(int percent)
+{
+    return filled(tr("Sending: {1} %"), {std::to_string(percent)});
+}
+
+std::string followingJob()
+{
+    return tr("Waiting for the print server to take the job...");
+}
+
+std::string cancellingJob()
+{
+    return tr("Cancelling the job...");
+}
+
+std::string jobCancelled()
+{
+    return tr("The job was cancelled.");
+}
+
 Failure jobNotCancelled(std::string_view printer, int jobId, std::string_view reason)
 {
     return {because(filled(tr("The job {1} on {2} could not be cancelled"),

@@ -55,6 +55,15 @@ Failure outputNotWritten(std::string_view folder, std::string_view reason);
 Failure fileNotWritten(std::string_view path);
 
 // `reason` may be empty.
+Failure jobGivenUp(std::string_view printer, int jobId, std::string_view reason);
+std::string jobWaits(std::string_view printer, int jobId, std::string_view reason);
+std::string jobOutOfSight(std::string_view printer, int jobId);
+// What the window says of a job on its way; `percent` is 0 to 100.
+std::string sendingJob(int percent);
+std::string followingJob();
+std::string cancellingJob();
+std::string jobCancelled();
+// `reason` may be empty.
 Failure jobNotCancelled(std::string_view printer, int jobId, std::string_view reason);
 
 // What the window says of a job that went well.

@@ -25,7 +25,7 @@ namespace {
 // A server that takes a document writes to its disk now and then.
 constexpr std::chrono::milliseconds kSendingSilence{30000};
 // A job that is being made is better waited for: nobody could cancel it without its number.
-constexpr std::chrono::milliseconds kCreatingSilence{5000};
+constexpr std::chrono::milliseconds kCreatingSilence{3000};
 
 struct DeleteMessage
 {
@@ -113,9 +113,7 @@ bool isCancelled(const Cancellation* cancellation) noexcept
     return cancellation != nullptr && cancellation->cancelled();
 }
 
-} // namespace
-
-std::string ppdResource(std::string_view queue)
+std::string queueResource(std::string_view queue)
 {
     constexpr std::string_view kPlain = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ"
                                         "0123456789-_.~";
@@ -131,7 +129,49 @@ std::string ppdResource(std::string_view queue)
             path += kDigits[code & 15];
         }
     }
-    return path + ".ppd";
+    return path;
+}
+
+// 0 when the server did not take it; cupsLastErrorString() says why.  The library's own call would
+// also ask on a connection that waits for ever.
+int createJob(http_t* connection, const std::string& queue, const std::string& title,
+              const OptionArray& options)
+{
+    char uri[HTTP_MAX_URI];
+    httpAssembleURIf(HTTP_URI_CODING_ALL, uri, sizeof uri, "ipp", nullptr, "localhost", 0,
+                     "/printers/%s", queue.c_str());
+    Message request(ippNewRequest(IPP_OP_CREATE_JOB));
+    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri);
+    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
+                 cupsUser());
+    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr,
+                 title.c_str());
+    for (const ipp_tag_t group : {IPP_TAG_OPERATION, IPP_TAG_JOB, IPP_TAG_SUBSCRIPTION}) {
+        cupsEncodeOptions2(request.get(), options.count(), options.get(), group);
+    }
+    const Message response(
+        cupsDoRequest(connection, request.release(), queueResource(queue).c_str()));
+    if (!response || cupsLastError() > IPP_STATUS_OK_CONFLICTING) {
+        return 0;
+    }
+    return ippGetInteger(ippFindAttribute(response.get(), "job-id", IPP_TAG_INTEGER), 0);
+}
+
+// What went wrong because of a cancellation is no failure.
+SentJob stopped(SentJob sent, const Cancellation* cancellation)
+{
+    if (isCancelled(cancellation)) {
+        sent.cancelled = true;
+        sent.failure = {};
+    }
+    return sent;
+}
+
+} // namespace
+
+std::string ppdResource(std::string_view queue)
+{
+    return queueResource(queue) + ".ppd";
 }
 
 QueueList listQueues(Cancellation* cancellation)
@@ -264,20 +304,17 @@ SentJob sendJob(const std::string& queue, const std::string& title,
     {
         ServerConnection connection(sent.failure, cancellation);
         if (!connection) {
-            sent.cancelled = isCancelled(cancellation);
-            return sent;
+            return stopped(std::move(sent), cancellation);
         }
         OptionArray array;
         for (const JobOption& option : options) {
             array.add(option);
         }
         connection.alive(ServerConnection::kSilence, kCreatingSilence);
-        job = cupsCreateJob(connection.get(), queue.c_str(), title.c_str(), array.count(),
-                            array.get());
+        job = createJob(connection.get(), queue, title, array);
         if (job == 0) {
             sent.failure = jobRefused(queue, cupsLastErrorString());
-            sent.cancelled = isCancelled(cancellation);
-            return sent;
+            return stopped(std::move(sent), cancellation);
         }
         connection.alive(kSendingSilence);
         http_status_t status = cupsStartDocument(connection.get(), queue.c_str(), job,
@@ -305,7 +342,7 @@ SentJob sendJob(const std::string& queue, const std::string& title,
         sent.failure = readable ? jobRefused(queue, cupsLastErrorString())
                                 : documentNotReadable(documentPath, "reading stopped early");
     }
-    sent.cancelled = isCancelled(cancellation);
+    sent = stopped(std::move(sent), cancellation);
     if (const Failure kept = cancelJob(queue, job); kept && sent.cancelled) {
         sent.failure = kept;
     }

@@ -22,6 +22,8 @@ struct Queue
     std::string name;
     std::string info;      // for people; may be empty
     std::string deviceURI; // may be empty
+
+    bool operator==(const Queue&) const = default;
 };
 
 struct QueueList
@@ -49,7 +51,7 @@ struct SentJob
 {
     int id = 0; // of the server; 0 when the job was not taken
     bool cancelled = false;
-    Failure failure;
+    Failure failure; // of a cancelled job: it could not be taken back from the server
 };
 
 // Sends the document whole; a job whose document does not arrive whole is cancelled again.

@@ -32,8 +32,8 @@ class PrinterFinder
     using Clock = std::chrono::steady_clock;
     using LookUp = std::function<QueueList(Cancellation&)>;
 
-    static constexpr std::chrono::milliseconds kDeadline{6000};
-    static constexpr std::chrono::milliseconds kBetweenLookUps{5000};
+    static constexpr std::chrono::milliseconds kDeadline{4000};
+    static constexpr std::chrono::milliseconds kBetweenLookUps{3000};
 
     // Asks at once.  `known` are the queues of the last time, `server` is what a message calls the
     // server that missed the deadline.
