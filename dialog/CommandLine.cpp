@@ -30,6 +30,7 @@ std::string* textFor(CommandLine& line, std::string_view name) noexcept
         {"--printer", &CommandLine::printer},       {"--paper", &CommandLine::paper},
         {"--title", &CommandLine::title},           {"--output", &CommandLine::output},
         {"--screenshot", &CommandLine::screenshot}, {"--list-controls", &CommandLine::listControls},
+        {"--preset", &CommandLine::preset},
     };
     for (const Entry& entry : kEntries) {
         if (entry.name == name) {
@@ -46,6 +47,9 @@ bool* flagFor(CommandLine& line, std::string_view name) noexcept
     }
     if (name == "--show-summary") {
         return &line.showSummary;
+    }
+    if (name == "--no-memory") {
+        return &line.noMemory;
     }
     if (name == "--help") {
         return &line.help;
@@ -164,6 +168,8 @@ Without FILE the built-in sample label is printed.
   --copies N           1 to 999
   --title TEXT         the job's title; otherwise the document's name
   --set KEYWORD=CHOICE start with this option of the PPD; may be given more than once
+  --preset NAME        start with this preset; --paper and --set win over it
+  --no-memory          start with the printer's defaults, and keep nothing of the last values
   --ppd FILE           offer a printer with this PPD; may be given more than once
   --device-uri URI     where the --ppd printers are attached (usb://Sample/Tape)
   --output FOLDER      where printers without a queue print (out)

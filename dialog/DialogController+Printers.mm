@@ -118,7 +118,11 @@ dialog::PrinterFinder::Clock::time_point now()
     case dialog::Search::Known:
         break;
     }
-    [window_ showMessage:dialog::toNSString(text) isFailure:NO];
+    // What has been said of the printer meanwhile stays.
+    if (!text.empty() ||
+        dialog::toString([[window_ messageField] stringValue]) == dialog::lookingForPrinters()) {
+        [window_ showMessage:dialog::toNSString(text) isFailure:NO];
+    }
 }
 
 // In its place stands a printer without a PPD and without a panel.
@@ -159,10 +163,11 @@ dialog::PrinterFinder::Clock::time_point now()
         [self report:opened.failure];
     }
     [host_ release];
+    const dialog::Start start = [presets_ startOf:printer paper:paperToOpen_ ppd:opened.ppd];
     host_ = [[PanelHost alloc] initWithPrinter:printer.name deviceURI:printer.deviceURI
                                            ppd:std::move(opened.ppd)
-                                         paper:paperToOpen_
-                                        wanted:line_.wanted];
+                                         paper:start.tape
+                                        wanted:start.options];
     [host_ setDelegate:self];
     isOpen_ = [host_ ppd].record() != nullptr;
     [[window_ chooser] setEnabled:YES];
@@ -193,6 +198,7 @@ dialog::PrinterFinder::Clock::time_point now()
     if (finder_->state() == dialog::Search::Silent) {
         finder_->lookAgain(now());
     }
+    [presets_ userChosePrinter];
     [self openPrinter:index paper:{}];
 }
 

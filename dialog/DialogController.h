@@ -11,6 +11,7 @@
 #include "dialog/background/JobSender.hpp"
 #include "dialog/background/PrinterFinder.hpp"
 #include "dialog/background/PrinterOpener.hpp"
+#include "dialog/memory/PresetKeeper.h"
 #include "dialog/preview/LabelPreview.h"
 
 #include <AppKit/AppKit.h>
@@ -19,7 +20,7 @@
 #include <string>
 #include <vector>
 
-@interface DialogController : NSObject <DialogActions, PanelHostDelegate>
+@interface DialogController : NSObject <DialogActions, PanelHostDelegate, PresetOwner>
 {
     dialog::CommandLine line_;
     std::vector<dialog::PrinterEntry> printers_;
@@ -31,6 +32,7 @@
     PanelHost* host_;
     LoadedPanel* loaded_; // nil when there is no panel
     LabelPreview* preview_;
+    PresetKeeper* presets_;
     NSTimer* listing_;
     std::unique_ptr<dialog::PrinterFinder> finder_;
     dialog::PrinterOpener opener_;

@@ -68,6 +68,7 @@ enum Pane : NSInteger
     [host_ setDelegate:nil];
     [host_ release];
     [preview_ release];
+    [presets_ release];
     [window_ release];
     [super dealloc];
 }
@@ -90,6 +91,8 @@ enum Pane : NSInteger
     preview_ = [[LabelPreview alloc] initWithDocument:line_.document];
     [window_ showPreview:preview_];
 
+    presets_ = [[PresetKeeper alloc] initWithCommandLine:line_ popUp:[window_ presetsPopUp]
+                                                   owner:self];
     [self showFirstPrinters];
     [[window_ window] center];
     [NSApp activateIgnoringOtherApps:YES];
@@ -166,6 +169,7 @@ enum Pane : NSInteger
     NSError* error = nil;
     [[loaded_ panel] restoreValuesAndReturnError:&error];
     [preview_ showPanel:[loaded_ view] host:host_];
+    [presets_ panelDidOpen];
 }
 
 - (void)closePanel
@@ -174,6 +178,7 @@ enum Pane : NSInteger
         return;
     }
     [[window_ window] makeFirstResponder:nil];
+    [presets_ panelDidClose];
     [[loaded_ panel] printWindowWillClose:NO];
     [window_ showSentence:@""];
     [preview_ forgetPanel];
@@ -215,6 +220,50 @@ enum Pane : NSInteger
 - (void)panelDidTellOption
 {
     [preview_ refreshSoon];
+    [presets_ valuesMayHaveChanged];
+}
+
+- (PanelHost*)presetHost
+{
+    return host_;
+}
+
+- (NSWindow*)presetWindow
+{
+    return [window_ window];
+}
+
+- (void)settlePresetValues
+{
+    NSError* error = nil;
+    [[loaded_ panel] saveValuesAndReturnError:&error];
+}
+
+- (void)reopenWith:(const dialog::Start&)start
+{
+    const NSInteger pane = [[window_ chooser] indexOfSelectedItem];
+    const dialog::PrinterEntry& printer = printers_[current_];
+    [self closePanel];
+    [host_ setDelegate:nil];
+    PanelHost* const before = host_;
+    host_ = [[PanelHost alloc] initWithPrinter:printer.name deviceURI:printer.deviceURI
+                                           ppd:[before ppd].reopened()
+                                         paper:start.tape
+                                        wanted:start.options];
+    [before release];
+    [host_ setDelegate:self];
+    [self fillTapes];
+    [self openPanel];
+    [self showPane:pane];
+}
+
+- (void)presetsSay:(const dialog::Failure&)failure
+{
+    if (failure.status != dialog::ExitStatus::Printed) {
+        [self report:failure];
+    } else {
+        [window_ showMessage:dialog::toNSString(failure.text) isFailure:NO];
+    }
 }
 
 - (void)choosePrinter:(id)sender
@@ -236,6 +285,9 @@ enum Pane : NSInteger
         return;
     }
     [[window_ window] makeFirstResponder:nil];
+    if ([presets_ userChoseTape:name]) {
+        return;
+    }
     if (![host_ choosePaper:name]) {
         [self report:dialog::noSuchPaper(name, printers_[current_].name)];
         return;
@@ -243,6 +295,7 @@ enum Pane : NSInteger
     [loaded_ optionDidChange:@"PageSize" choice:dialog::toNSString(name)];
     [[loaded_ panel] updateUI];
     [preview_ refresh];
+    [presets_ valuesMayHaveChanged];
     if ([[window_ chooser] indexOfSelectedItem] == kSummaryPane) {
         [self showPane:kSummaryPane];
     }
@@ -284,6 +337,9 @@ enum Pane : NSInteger
 
 - (void)printDialog:(id)sender
 {
+    if ([window_ takeFromOpenList]) {
+        return;
+    }
     if (![self leaveWaitingJob] && [[window_ printButton] isEnabled]) {
         [self printNow];
     }
@@ -335,6 +391,7 @@ enum Pane : NSInteger
                      "\nPrinter: " + dialog::shown(ticket.printer.name) +
                      "\nCopies: " + std::to_string(copies) + "\n" +
                      dialog::summaryText([self summaryLines]);
+    [presets_ jobBegins];
     [self beginJob:std::move(ticket)];
     return {};
 }
@@ -400,6 +457,9 @@ enum Pane : NSInteger
 - (void)stopWithStatus:(dialog::ExitStatus)status
 {
     status_ = status;
+    if (status == dialog::ExitStatus::Printed) {
+        [presets_ keepLastUsed];
+    }
     [listing_ invalidate];
     listing_ = nil;
     [[window_ window] makeFirstResponder:nil];

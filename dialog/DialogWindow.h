@@ -30,9 +30,11 @@
     ListKeepingWindow* window_;
     NSPopUpButton* printer_;
     NSPopUpButton* tape_;
+    NSPopUpButton* presets_;
     NSPopUpButton* chooser_;
     NSTextField* printerLabel_;
     NSTextField* tapeLabel_;
+    NSTextField* presetsLabel_;
     NSTextField* copiesLabel_;
     NSTextField* copies_;
     NSStepper* stepper_;
@@ -51,6 +53,7 @@
 - (NSWindow*)window;
 - (NSPopUpButton*)printerPopUp;
 - (NSPopUpButton*)tapePopUp;
+- (NSPopUpButton*)presetsPopUp; // its target is set by whoever fills it
 - (NSPopUpButton*)chooser;
 - (NSTextField*)copiesField;
 - (NSStepper*)stepper;
@@ -73,6 +76,8 @@
 - (BOOL)hasOpenList;
 // NO when no pop-up's list was open.
 - (BOOL)closeOpenList;
+// The same, and chooses the entry that the keyboard has come to.
+- (BOOL)takeFromOpenList;
 
 // Whether a key or a mouse button has been pressed in the window.
 - (BOOL)wasTouched;

@@ -143,9 +143,11 @@ NSPopUpButton* openPopUpIn(NSView* view)
 
     printerLabel_ = makeLabel(dialog::localized("Printer:"), NSRightTextAlignment);
     tapeLabel_ = makeLabel(dialog::localized("Tape:"), NSRightTextAlignment);
+    presetsLabel_ = makeLabel(dialog::localized("Presets:"), NSRightTextAlignment);
     copiesLabel_ = makeLabel(dialog::localized("Copies:"), NSRightTextAlignment);
     printer_ = makePopUp(controller, @selector(choosePrinter:));
     tape_ = makePopUp(controller, @selector(chooseTape:));
+    presets_ = makePopUp(nil, NULL);
     chooser_ = makePopUp(controller, @selector(choosePane:));
 
     copies_ = [[NSTextField alloc] initWithFrame:NSZeroRect];
@@ -175,8 +177,8 @@ NSPopUpButton* openPopUpIn(NSView* view)
 
     NSView* const content = [window_ contentView];
     for (NSView* view in @[
-             printerLabel_, printer_, tapeLabel_, tape_, copiesLabel_, copies_, stepper_, chooser_,
-             box_, message_, progress_, cancel_, print_
+             printerLabel_, printer_, tapeLabel_, tape_, presetsLabel_, presets_, copiesLabel_,
+             copies_, stepper_, chooser_, box_, message_, progress_, cancel_, print_
          ]) {
         [content addSubview:view];
     }
@@ -192,8 +194,8 @@ NSPopUpButton* openPopUpIn(NSView* view)
     [copies_ setDelegate:nil];
     [pane_ removeFromSuperview];
     for (NSView* view in @[
-             printerLabel_, printer_, tapeLabel_, tape_, copiesLabel_, copies_, stepper_, chooser_,
-             box_, message_, progress_, cancel_, print_
+             printerLabel_, printer_, tapeLabel_, tape_, presetsLabel_, presets_, copiesLabel_,
+             copies_, stepper_, chooser_, box_, message_, progress_, cancel_, print_
          ]) {
         [view release];
     }
@@ -217,6 +219,11 @@ NSPopUpButton* openPopUpIn(NSView* view)
 - (NSPopUpButton*)tapePopUp
 {
     return tape_;
+}
+
+- (NSPopUpButton*)presetsPopUp
+{
+    return presets_;
 }
 
 - (NSPopUpButton*)chooser
@@ -338,6 +345,8 @@ NSPopUpButton* openPopUpIn(NSView* view)
     [printer_ setFrame:toRect(layout.printerPopUp)];
     [tapeLabel_ setFrame:toRect(layout.tapeLabel)];
     [tape_ setFrame:toRect(layout.tapePopUp)];
+    [presetsLabel_ setFrame:toRect(layout.presetsLabel)];
+    [presets_ setFrame:toRect(layout.presetsPopUp)];
     [copiesLabel_ setFrame:toRect(layout.copiesLabel)];
     [copies_ setFrame:toRect(layout.copiesField)];
     [stepper_ setFrame:toRect(layout.copiesStepper)];
@@ -367,6 +376,17 @@ NSPopUpButton* openPopUpIn(NSView* view)
 - (BOOL)hasOpenList
 {
     return openPopUpIn([window_ contentView]) != nil;
+}
+
+- (BOOL)takeFromOpenList
+{
+    NSPopUpButton* const popUp = openPopUpIn([window_ contentView]);
+    const NSInteger chosen = [[[popUp menu] menuRepresentation] highlightedItemIndex];
+    [[popUp cell] dismissPopUp];
+    if (popUp != nil && chosen >= 0 && [[popUp itemAtIndex:chosen] isEnabled]) {
+        [[popUp menu] performActionForItemAtIndex:chosen];
+    }
+    return popUp != nil;
 }
 
 - (BOOL)closeOpenList
@@ -429,6 +449,7 @@ NSPopUpButton* openPopUpIn(NSView* view)
 {
     return dialog::visibleControls({{printer_, "Printer"},
                                     {tape_, "Tape"},
+                                    {presets_, "Presets"},
                                     {copies_, "Copies"},
                                     {stepper_, "Copies Stepper"},
                                     {chooser_, "Pane"},

@@ -69,6 +69,10 @@ WindowLayout layOut(Size pane) noexcept
     layout.copiesStepper = {controls + kCopiesWidth + 4, y, kStepperWidth, kRow};
 
     y += kRow + kRowGap;
+    layout.presetsLabel = labelBeside(y);
+    layout.presetsPopUp = {controls, y, kPopUpWidth, kRow};
+
+    y += kRow + kRowGap;
     layout.tapeLabel = labelBeside(y);
     layout.tapePopUp = {controls, y, kPopUpWidth, kRow};
 

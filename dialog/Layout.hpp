@@ -27,6 +27,7 @@ struct WindowLayout
     Size content;
     Frame printerLabel, printerPopUp;
     Frame tapeLabel, tapePopUp;
+    Frame presetsLabel, presetsPopUp;
     Frame copiesLabel, copiesField, copiesStepper;
     Frame chooser;
     Frame box;     // the frame around the pane

@@ -96,11 +96,17 @@ PPDFile::~PPDFile()
     }
 }
 
-PPDFile::PPDFile(PPDFile&& other) noexcept : record_(std::exchange(other.record_, nullptr)) {}
+PPDFile::PPDFile(PPDFile&& other) noexcept
+    : record_(std::exchange(other.record_, nullptr)), name_(std::move(other.name_)),
+      bytes_(std::move(other.bytes_))
+{
+}
 
 PPDFile& PPDFile::operator=(PPDFile&& other) noexcept
 {
     std::swap(record_, other.record_);
+    std::swap(name_, other.name_);
+    std::swap(bytes_, other.bytes_);
     return *this;
 }
 
@@ -140,7 +146,15 @@ PPDFile PPDFile::fromBytes(std::string_view name, std::string_view bytes, Failur
     }
     pickOne(file.record_);
     ppdMarkDefaults(file.record_);
+    file.name_ = name;
+    file.bytes_ = bytes;
     return file;
+}
+
+PPDFile PPDFile::reopened() const
+{
+    Failure unlikely; // these bytes have been opened once
+    return record_ == nullptr ? PPDFile() : fromBytes(name_, bytes_, unlikely);
 }
 
 PPDFile PPDFile::fromPath(const std::string& path, Failure& failure)

@@ -28,6 +28,9 @@ class PPDFile
     static PPDFile fromBytes(std::string_view name, std::string_view bytes, Failure& failure);
     static PPDFile fromPath(const std::string& path, Failure& failure);
 
+    // The same PPD as it was before anything was marked or set; none when there is none.
+    PPDFile reopened() const;
+
     // nullptr when there is no PPD.
     ppd_file_t* record() const noexcept { return record_; }
 
@@ -54,6 +57,8 @@ class PPDFile
     explicit PPDFile(ppd_file_t* record) noexcept : record_(record) {}
 
     ppd_file_t* record_ = nullptr;
+    std::string name_;
+    std::string bytes_;
 };
 
 } // namespace dialog

@@ -25,6 +25,7 @@ struct HostState
     printing::PrintSession printSession;
     JobOptions options;
     WantedOptions wanted;
+    double ownHeight = 0; // that the PPD gives the paper, in points
 };
 
 bool HostState::setPaper(const std::string& name)
@@ -32,11 +33,17 @@ bool HostState::setPaper(const std::string& name)
     if (ppd.record() == nullptr) {
         return false;
     }
-    const std::optional<printing::Paper> paper = printing::paperFromPPD(*ppd.record(), name);
+    std::optional<printing::Paper> paper = printing::paperFromPPD(*ppd.record(), name);
     if (!paper) {
         return false;
     }
     ppd.mark("PageSize", name);
+    // A panel takes another height for another label and forgets what length was typed; a wanted
+    // length, which lies in the height, must outlive another width alone.
+    const double own = std::exchange(ownHeight, paper->heightPoints);
+    if (pageFormat.paper() && own == paper->heightPoints) {
+        paper->heightPoints = pageFormat.paper()->heightPoints;
+    }
     pageFormat.setPaper(*paper);
     return true;
 }

@@ -63,11 +63,11 @@ Start PresetSession::openPrinter(const std::string& key, const std::string& pape
     const MemoryText memory = read();
     PresetState state;
     std::optional<KeptValues> values;
-    const std::string preset = std::exchange(preset_, {});
-    if (!preset.empty()) {
+    presetMissing_ = false;
+    if (!preset_.empty()) {
         for (Preset& other : memory.presets()) {
-            if (other.name == preset) {
-                state = {PresetAction::Named, preset, false};
+            if (other.name == preset_) {
+                state = {PresetAction::Named, preset_, false};
                 values = std::move(other.values);
             }
         }
@@ -236,12 +236,18 @@ NameAnswer PresetSession::remove()
     return {};
 }
 
-void PresetSession::keepLastUsed(const KeptValues& now)
+void PresetSession::jobBegins(const KeptValues& now)
 {
-    if (!remembers_ || now.tape.empty()) {
+    jobPrinter_ = printer_;
+    job_ = now;
+}
+
+void PresetSession::keepLastUsed()
+{
+    if (!remembers_ || job_.tape.empty()) {
         return;
     }
-    const std::string sentence = sentenceOf(memory_.keepLastUsed(printer_, now));
+    const std::string sentence = sentenceOf(memory_.keepLastUsed(jobPrinter_, job_));
     if (!sentence.empty() && said_.insert(sentence).second) {
         notice_ = sentence;
     }

@@ -69,13 +69,17 @@ class PresetSession
     NameAnswer rename(const std::string& typed);
     NameAnswer remove();
 
-    // After a job was sent.
-    void keepLastUsed(const KeptValues& now);
+    // Whatever is chosen while a job is on its way, what it took along is kept when it was taken.
+    void jobBegins(const KeptValues& now);
+    void keepLastUsed();
 
     // What there is to say since the last call, each sentence once in a session; empty: nothing.
     std::string takeNotice();
     // --preset named none.
     bool presetMissing() const noexcept { return presetMissing_; }
+    const std::string& presetWanted() const noexcept { return preset_; }
+    // The next printer does not start with it.
+    void forgetPreset() noexcept { preset_.clear(); }
 
   private:
     MemoryText read();
@@ -85,7 +89,7 @@ class PresetSession
     std::string nameOfState() const;
 
     Memory memory_;
-    std::string preset_; // of the command line, until the first printer is open
+    std::string preset_; // of the command line
     Wanted firm_;        // of the command line
     bool remembers_ = true;
     bool reads_ = true; // whether the file is looked at before something is saved
@@ -99,6 +103,8 @@ class PresetSession
     KeptValues start_; // what state_ stands for, as the panel has it
     Wanted wanted_;
     std::vector<std::string> leftOut_;
+    std::string jobPrinter_;
+    KeptValues job_;
     std::set<std::string> said_;
     std::string notice_;
 };

@@ -698,9 +698,10 @@ using dialog::Role;
     return 24;
 }
 
+// The toolkit makes a pop-up's list as high as its number of rows asks for.
 - (CGFloat)menuSeparatorHeight
 {
-    return 9;
+    return [self menuItemHeight];
 }
 
 // Scrollers, tables, progress ----------------------------------------------------------------

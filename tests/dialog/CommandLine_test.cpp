@@ -98,12 +98,23 @@ TEST(Copies, AreWholeNumbersFrom1To999)
               "--copies takes a whole number from 1 to 999, not \"many\".");
 }
 
+TEST(CommandLineMemory, IsAPresetsNameAndAFlag)
+{
+    const CommandLine line = parse({"--preset", "Cable flags", "--no-memory"});
+    EXPECT_EQ(line.error, "");
+    EXPECT_EQ(line.preset, "Cable flags");
+    EXPECT_TRUE(line.noMemory);
+    EXPECT_EQ(parse({"--preset="}).error, "--preset needs a value.");
+    EXPECT_EQ(parse({"--no-memory=yes"}).error, "--no-memory takes no value.");
+    EXPECT_FALSE(parse({}).noMemory);
+}
+
 TEST(Help, NamesEveryOptionThatIsUnderstood)
 {
     for (const char* name :
          {"--printer", "--paper", "--copies", "--title", "--set", "--ppd", "--device-uri",
           "--output", "--plugin", "--appearance", "--print-at-once", "--show-summary",
-          "--screenshot", "--list-controls", "--help", "--version"}) {
+          "--screenshot", "--list-controls", "--preset", "--no-memory", "--help", "--version"}) {
         EXPECT_NE(helpText().find(name), std::string_view::npos) << name;
         const CommandLine alone = parse({name});
         EXPECT_EQ(alone.error.find("not known"), std::string::npos) << name;

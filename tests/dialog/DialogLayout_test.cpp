@@ -15,10 +15,10 @@ bool overlap(const Frame& a, const Frame& b)
 
 std::vector<Frame> outer(const WindowLayout& layout)
 {
-    return {layout.printerLabel, layout.printerPopUp, layout.tapeLabel,     layout.tapePopUp,
-            layout.copiesLabel,  layout.copiesField,  layout.copiesStepper, layout.chooser,
-            layout.box,          layout.preview,      layout.message,       layout.cancel,
-            layout.print};
+    return {layout.printerLabel,  layout.printerPopUp, layout.tapeLabel,   layout.tapePopUp,
+            layout.presetsLabel,  layout.presetsPopUp, layout.copiesLabel, layout.copiesField,
+            layout.copiesStepper, layout.chooser,      layout.box,         layout.preview,
+            layout.message,       layout.cancel,       layout.print};
 }
 
 class EveryPaneSize : public testing::TestWithParam<Size>
@@ -80,6 +80,9 @@ TEST(WindowLayout, PutsPrintAtTheRightOfCancelOnOneLine)
     EXPECT_EQ(layout.print.y, layout.cancel.y);
     EXPECT_GT(layout.print.x, layout.cancel.x + layout.cancel.width);
     EXPECT_EQ(layout.printerPopUp.x, layout.tapePopUp.x);
+    EXPECT_EQ(layout.printerPopUp.x, layout.presetsPopUp.x);
+    EXPECT_GT(layout.tapePopUp.y, layout.presetsPopUp.y);
+    EXPECT_GT(layout.presetsPopUp.y, layout.copiesField.y);
     EXPECT_EQ(layout.printerPopUp.x, layout.copiesField.x);
 }
 

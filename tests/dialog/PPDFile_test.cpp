@@ -47,6 +47,19 @@ TEST(PPDFile, OfTheBuiltInPrinterHasEveryOptionOfThePanel)
     }
 }
 
+TEST(PPDFile, ReopenedIsAsItWasBeforeAnythingWasSet)
+{
+    Failure failure;
+    PPDFile ppd = PPDFile::fromBytes("Sample", samplePPD(), failure);
+    ASSERT_TRUE(ppd.mark("PageSize", "TC12"));
+    ASSERT_TRUE(ppd.setDefault("VnMargin", "10.0"));
+    const PPDFile again = PPDFile(std::move(ppd)).reopened();
+    EXPECT_EQ(again.marked("PageSize"), "TC24");
+    EXPECT_EQ(again.marked("VnMargin"), "3.0");
+    EXPECT_STREQ(ppdFindOption(again.record(), "VnMargin")->defchoice, "3.0");
+    EXPECT_EQ(PPDFile().reopened().record(), nullptr);
+}
+
 TEST(PPDFile, MarksListedChoicesAndNoOthers)
 {
     Failure failure;

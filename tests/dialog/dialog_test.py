@@ -124,8 +124,8 @@ def a_field_takes_focus_and_keys_at_once():
     with ppd("resolution") as dialog:
         copies = dialog.wait("Copies", "1")
         before = picture_of(copies)
-        # Printer, Tape, Copies.
-        for _ in range(2):
+        # Printer, Tape, Presets, Copies.
+        for _ in range(3):
             xdotool("key", "Tab")
             time.sleep(0.1)
         wait_for(lambda: picture_of(copies) != before, "the ring around the field", IN_TIME)
@@ -163,7 +163,7 @@ def escape_closes_an_open_list_alone():
         for name in ("Tape", "Pane"):
             xdotool("key", "Tab")
             if name == "Pane":
-                xdotool("key", "Tab")
+                xdotool("key", "--delay", 100, "Tab", "Tab")
             time.sleep(0.1)
             xdotool("key", "space")
             wait_for(lambda: dialog.all("item"), "the list of " + name)

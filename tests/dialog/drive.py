@@ -83,7 +83,9 @@ def options_of(lines):
 
 
 class Dialog:
-    """A running tape-print.  Used in a with statement; it is ended in any case."""
+    """A running tape-print.  Used in a with statement; it is ended in any case.
+
+    It has a configuration folder of its own, so that it remembers nothing of an earlier one."""
 
     def __init__(self, program, *arguments, environment=None):
         self.room = tempfile.mkdtemp(prefix="tape-print.")
@@ -92,9 +94,10 @@ class Dialog:
         words = [program, "--output", self.output, "--list-controls", self.listing, *arguments]
         self.errors = open(self.room + "/errors", "w+", encoding="utf-8")
         self.answers = open(self.room + "/answers", "w+", encoding="utf-8")
+        settings = {"XDG_CONFIG_HOME": self.room + "/config", **(environment or {})}
         self.process = subprocess.Popen(words, stderr=self.errors, stdout=self.answers,
                                         stdin=subprocess.DEVNULL, cwd=self.room,
-                                        env=dict(os.environ, **(environment or {})))
+                                        env=dict(os.environ, **settings))
 
     def __enter__(self):
         return self
@@ -151,7 +154,7 @@ class Dialog:
         time.sleep(0.1)
         click()
 
-    def choose(self, name, title):
+    def pick(self, name, title):
         """Opens the pop-up, drags to the item and lets go."""
         pop_up = self.wait(name)
         xdotool("mousemove", pop_up.x + 60, pop_up.y + pop_up.height // 2)
@@ -168,6 +171,10 @@ class Dialog:
         xdotool("mouseup", 1)
         time.sleep(0.1)
         nudge()
+
+    def choose(self, name, title):
+        """Picks from a pop-up that shows what was chosen."""
+        self.pick(name, title)
         self.wait(name, title)
 
     def type_into(self, control, text, key="Tab"):

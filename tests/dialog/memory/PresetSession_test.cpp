@@ -109,7 +109,8 @@ TEST_F(Presets, NeitherBringBackNorKeepAnythingForAScript)
         EXPECT_EQ(chosen(presets), "Default Settings");
         EXPECT_FALSE(entry(presets, "Last Used").enabled);
         EXPECT_FALSE(presets.chooseTape("TC12", {}, ppd));
-        presets.keepLastUsed(kept("TC24", "1", "300x300dpi"));
+        presets.jobBegins(kept("TC24", "1", "300x300dpi"));
+        presets.keepLastUsed();
     }
     MemoryResult result;
     EXPECT_EQ(memory().read(result).lastUsed("tape", ""), last);
@@ -195,7 +196,7 @@ TEST_F(Presets, SayWhatOfAPresetDoesNotFitAndKeepTheTapeOfNow)
     EXPECT_EQ(presets.openedWith(values, now, ppd), "");
 }
 
-TEST_F(Presets, StartWithThatOfTheCommandLineOnceAndSayThatThereIsNone)
+TEST_F(Presets, StartWithThatOfTheCommandLineUntilItIsForgottenAndSayThatThereIsNone)
 {
     memory().savePreset({"Cables", last}, false);
     line.preset = "Cables";
@@ -203,6 +204,8 @@ TEST_F(Presets, StartWithThatOfTheCommandLineOnceAndSayThatThereIsNone)
     PresetSession presets = session();
     EXPECT_EQ(presets.openPrinter("tape", "", ppd).tape, "TC12");
     EXPECT_FALSE(presets.presetMissing());
+    EXPECT_EQ(presets.openPrinter("other", "", ppd).tape, "TC12");
+    presets.forgetPreset();
     EXPECT_EQ(presets.openPrinter("other", "", ppd).tape, "");
     EXPECT_FALSE(presets.presetMissing());
 
@@ -278,13 +281,28 @@ TEST_F(Presets, SayOnceThatNothingCanBeKept)
     PresetSession presets = session();
     presets.openPrinter("tape", "", ppd);
     presets.takeNotice();
-    presets.keepLastUsed(last);
+    presets.jobBegins(last);
+    presets.keepLastUsed();
     EXPECT_EQ(presets.takeNotice(), "Presets and last values cannot be kept in \"" + room +
                                         "/page-settings/presets.json\": Not a directory.");
-    presets.keepLastUsed(last);
+    presets.jobBegins(last);
+    presets.keepLastUsed();
     EXPECT_EQ(presets.takeNotice(), "");
     EXPECT_FALSE(presets.saveAs("Cables", false, last).sentence.empty());
     EXPECT_FALSE(presets.saveAs("Cables", false, last).sentence.empty());
+}
+
+TEST_F(Presets, KeepWhatTheJobTookAlongWhateverIsChosenMeanwhile)
+{
+    PresetSession presets = session();
+    presets.openPrinter("tape", "", ppd);
+    presets.jobBegins(last);
+    presets.openPrinter("other", "", ppd);
+    presets.keepLastUsed();
+    MemoryResult result;
+    const MemoryText text = memory().read(result);
+    EXPECT_EQ(text.lastUsed("tape", ""), last);
+    EXPECT_FALSE(text.lastUsed("other", ""));
 }
 
 TEST_F(Presets, CannotBeSavedWithoutAPpd)
@@ -294,7 +312,8 @@ TEST_F(Presets, CannotBeSavedWithoutAPpd)
     const Start start = presets.openPrinter("tape", "", PPDFile());
     EXPECT_TRUE(start.options.empty());
     EXPECT_FALSE(entry(presets, "Save As...").enabled);
-    presets.keepLastUsed({}); // there is no tape to keep anything for
+    presets.jobBegins({});
+    presets.keepLastUsed(); // there is no tape to keep anything for
     MemoryResult result;
     EXPECT_EQ(memory().read(result).lastUsed("tape", ""), last);
 }
