@@ -94,6 +94,7 @@ double told(PanelHost* host, std::string_view keyword)
 - (void)stopWaiting;
 - (void)roomDidChange:(NSNotification*)note;
 - (void)textDidChange:(NSNotification*)note;
+- (void)textDidEndEditing:(NSNotification*)note;
 - (void)controlHasActed:(NSNotification*)note;
 - (void)refreshNow:(id)ignored;
 - (std::optional<dialog::Label>)label;
@@ -259,18 +260,26 @@ double told(PanelHost* host, std::string_view keyword)
     [self refresh];
 }
 
-// Of a field in the panel; the window's other fields change nothing here.
+// Of a field in the panel; the window's other fields change nothing here.  Looked at now, so that
+// no character is missed, and again later.
 - (void)textDidChange:(NSNotification*)note
 {
     id const field = [[note object] delegate];
     if ([field isKindOfClass:[NSView class]] && panelView_ != nil &&
         [(NSView*)field isDescendantOf:panelView_]) {
+        [self refresh];
         [self refreshSoon];
     }
 }
 
+- (void)textDidEndEditing:(NSNotification*)note
+{
+    [self refreshSoon];
+}
+
 - (void)controlHasActed:(NSNotification*)note
 {
+    [self refresh];
     [self refreshSoon];
 }
 
@@ -286,6 +295,7 @@ double told(PanelHost* host, std::string_view keyword)
 
 - (void)refreshNow:(id)ignored
 {
+    refreshIsDue_ = false;
     [self refresh];
 }
 
@@ -306,7 +316,6 @@ double told(PanelHost* host, std::string_view keyword)
 
 - (void)refresh
 {
-    refreshIsDue_ = false;
     const std::optional<dialog::Label> label = [self label];
     if (!label) {
         NSString* const nothing = dialog::localized("No label to show");
