@@ -1,7 +1,11 @@
 #include "dialog/CommandLine.hpp"
 
+#include "dialog/ExitStatus.hpp"
+#include "dialog/OptionTable.hpp"
+#include "dialog/Translate.hpp"
+
+#include <algorithm>
 #include <charconv>
-#include <optional>
 
 namespace dialog {
 
@@ -17,91 +21,66 @@ std::string_view trimmed(std::string_view text) noexcept
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-// The text member that an option with a value fills; nullptr for any other name.
-std::string* textFor(CommandLine& line, std::string_view name) noexcept
+const OptionEntry* entryNamed(const std::vector<OptionEntry>& table, std::string_view name) noexcept
 {
-    struct Entry
-    {
-        std::string_view name;
-        std::string CommandLine::*member;
-    };
-    static constexpr Entry kEntries[] = {
-        {"--plugin", &CommandLine::plugin},         {"--device-uri", &CommandLine::deviceURI},
-        {"--printer", &CommandLine::printer},       {"--paper", &CommandLine::paper},
-        {"--title", &CommandLine::title},           {"--output", &CommandLine::output},
-        {"--screenshot", &CommandLine::screenshot}, {"--list-controls", &CommandLine::listControls},
-        {"--preset", &CommandLine::preset},
-    };
-    for (const Entry& entry : kEntries) {
+    for (const OptionEntry& entry : table) {
         if (entry.name == name) {
-            return &(line.*entry.member);
+            return &entry;
         }
     }
     return nullptr;
 }
 
-bool* flagFor(CommandLine& line, std::string_view name) noexcept
+std::string takeValue(CommandLine& line, const OptionEntry& entry, std::string_view value)
 {
-    if (name == "--print-at-once") {
-        return &line.printAtOnce;
+    // The copies' own sentence says what they take.
+    if (value.empty() && entry.name != "--copies") {
+        return filled(tr("{1} needs a value."), {entry.name});
     }
-    if (name == "--show-summary") {
-        return &line.showSummary;
+    if (entry.take != nullptr) {
+        return entry.take(line, value);
     }
-    if (name == "--no-memory") {
-        return &line.noMemory;
-    }
-    if (name == "--help") {
-        return &line.help;
-    }
-    if (name == "--version") {
-        return &line.version;
-    }
-    return nullptr;
-}
-
-std::string takeValue(CommandLine& line, std::string_view name, std::string_view value)
-{
-    if (name == "--copies") {
-        return parseCopies(value, line.copies)
-                   ? std::string()
-                   : "--copies takes a whole number from 1 to 999, not \"" + std::string(value) +
-                         "\".";
-    }
-    if (value.empty()) {
-        return std::string(name) + " needs a value.";
-    }
-    if (name == "--appearance") {
-        return parseAppearance(value, line.appearance)
-                   ? std::string()
-                   : "--appearance takes auto, light or dark, not \"" + std::string(value) + "\".";
-    }
-    if (name == "--ppd") {
-        line.ppdFiles.emplace_back(value);
-        return {};
-    }
-    if (name == "--set") {
-        const std::size_t equals = value.find('=');
-        if (equals == std::string_view::npos || equals == 0 || equals + 1 == value.size()) {
-            return "--set takes KEYWORD=CHOICE, not \"" + std::string(value) + "\".";
-        }
-        line.wanted.emplace_back(value.substr(0, equals), value.substr(equals + 1));
-        return {};
-    }
-    *textFor(line, name) = value;
+    line.*entry.text = value;
     return {};
 }
 
-bool takesValue(CommandLine& line, std::string_view name) noexcept
+// Two tasks, or a manner of one that is not asked for, are a mistake rather than a choice.
+std::string contradiction(const CommandLine& line)
 {
-    return name == "--appearance" || name == "--copies" || name == "--ppd" || name == "--set" ||
-           textFor(line, name) != nullptr;
+    const struct
+    {
+        const char* name;
+        bool given;
+    } tasks[] = {{"--dry-run", line.dryRun},
+                 {"--show-command", line.showCommand},
+                 {"--list", line.list},
+                 {"--check", line.check},
+                 {"--print-at-once", line.printAtOnce}};
+    const char* first =
+        line.print && (line.list || line.check || line.printAtOnce) ? "--print" : nullptr;
+    for (const auto& task : tasks) {
+        if (task.given && first != nullptr) {
+            return filled(tr("{1} and {2} cannot go together."), {first, task.name});
+        }
+        if (task.given) {
+            first = task.name;
+        }
+    }
+    if (!line.preset.empty() && taskOf(line) != Task::Window) {
+        return filled(tr("{1} and {2} cannot go together."),
+                      {first == nullptr ? "--print" : first, "--preset"});
+    }
+    if (line.json && !line.list) {
+        return filled(tr("{1} goes with {2} only."), {"--json", "--list"});
+    }
+    return {};
 }
 
 } // namespace
 
 CommandLine parseCommandLine(std::span<const std::string_view> arguments)
 {
+    const std::vector<OptionEntry> table = optionTable();
     CommandLine line;
     bool optionsEnded = false;
     for (std::size_t i = 0; i < arguments.size() && line.error.empty(); ++i) {
@@ -112,10 +91,11 @@ CommandLine parseCommandLine(std::span<const std::string_view> arguments)
         }
         if (optionsEnded || argument.size() < 2 || argument.front() != '-') {
             if (!line.document.empty()) {
-                line.error = "Only one document can be printed at a time, and \"" +
-                             std::string(argument) + "\" would be the second.";
+                line.error = filled(tr("Only one document can be printed at a time, and \"{1}\" "
+                                       "would be the second."),
+                                    {argument});
             } else if (argument.empty()) {
-                line.error = "The document's name is empty.";
+                line.error = tr("The document's name is empty.");
             } else {
                 line.document = argument;
             }
@@ -123,21 +103,25 @@ CommandLine parseCommandLine(std::span<const std::string_view> arguments)
         }
         const std::size_t equals = argument.find('=');
         const std::string_view name = argument.substr(0, equals);
-        if (bool* flag = flagFor(line, name)) {
+        const OptionEntry* const entry = entryNamed(table, name);
+        if (entry == nullptr) {
+            line.error = filled(tr("The option \"{1}\" is not known."), {name});
+        } else if (entry->flag != nullptr) {
             if (equals == std::string_view::npos) {
-                *flag = true;
+                line.*entry->flag = true;
             } else {
-                line.error = std::string(name) + " takes no value.";
+                line.error = filled(tr("{1} takes no value."), {name});
             }
-        } else if (!takesValue(line, name)) {
-            line.error = "The option \"" + std::string(name) + "\" is not known.";
         } else if (equals != std::string_view::npos) {
-            line.error = takeValue(line, name, argument.substr(equals + 1));
+            line.error = takeValue(line, *entry, argument.substr(equals + 1));
         } else if (i + 1 == arguments.size()) {
-            line.error = std::string(name) + " needs a value.";
+            line.error = filled(tr("{1} needs a value."), {name});
         } else {
-            line.error = takeValue(line, name, arguments[++i]);
+            line.error = takeValue(line, *entry, arguments[++i]);
         }
+    }
+    if (line.error.empty()) {
+        line.error = contradiction(line);
     }
     return line;
 }
@@ -156,40 +140,55 @@ bool parseCopies(std::string_view text, std::int32_t& copies) noexcept
     return true;
 }
 
-std::string_view helpText() noexcept
+Task taskOf(const CommandLine& line) noexcept
 {
-    return R"(Usage: tape-print [OPTION]... [FILE]
+    if (line.list) {
+        return Task::List;
+    }
+    if (line.check) {
+        return Task::Check;
+    }
+    if (line.dryRun) {
+        return Task::DryRun;
+    }
+    if (line.showCommand) {
+        return Task::ShowCommand;
+    }
+    return line.print ? Task::Print : Task::Window;
+}
 
-Opens a print dialog for a label-tape printer and prints FILE.
-Without FILE the built-in sample label is printed.
-
-  --printer NAME       start with this printer (a CUPS queue, a --ppd printer or "Sample Tape")
-  --paper NAME         start with this tape (a page size of the PPD)
-  --copies N           1 to 999
-  --title TEXT         the job's title; otherwise the document's name
-  --set KEYWORD=CHOICE start with this option of the PPD; may be given more than once
-  --preset NAME        start with this preset; --paper and --set win over it
-  --no-memory          start with the printer's defaults, and keep nothing of the last values
-  --ppd FILE           offer a printer with this PPD; may be given more than once
-  --device-uri URI     where the --ppd printers are attached (usb://Sample/Tape)
-  --output FOLDER      where printers without a queue print (out)
-  --plugin PATH        the panel's bundle (PageSettings.plugin beside the program)
-  --appearance LOOK    auto (as the desktop), light or dark
-
-For scripts:
-  --print-at-once      press Print as soon as the window is shown
-  --show-summary       start with the summary
-  --screenshot FILE    draw the window to a PNG file and go on
-  --list-controls FILE keep the names, places and values of the visible controls in FILE
-  --help, --version
-
-Exit status:
-  0 printed                      5 no print server or no such printer
-  1 closed without printing      6 the PPD cannot be used
-  2 wrong command line           7 the document cannot be read
-  3 no display                   8 the job was held back, refused or not written
-  4 no panel                     9 a picture or list of controls was not written
-)";
+std::string helpText()
+{
+    const auto left = [](const OptionEntry& entry) {
+        std::string text = "  " + std::string(entry.name);
+        return entry.placeholder.empty() ? text : text + " " + std::string(entry.placeholder);
+    };
+    const std::vector<OptionEntry> table = optionTable();
+    std::size_t widest = 0;
+    for (const OptionEntry& entry : table) {
+        widest = std::max(widest, left(entry).size());
+    }
+    std::string text = tr("Usage: tape-print [OPTION]... [FILE]");
+    text += "\n\n";
+    text +=
+        tr("Opens a print dialog for a label-tape printer and prints FILE; with --print and the\n"
+           "options beside it, does so without a window.  Without FILE the built-in sample label\n"
+           "is printed.");
+    text += '\n';
+    for (const OptionEntry& entry : table) {
+        std::string line = left(entry);
+        line.resize(widest + 2, ' ');
+        text += (entry.beginsSection ? "\n" : "") + line + entry.help + "\n";
+    }
+    text += '\n';
+    text += tr("Exit status:");
+    text += '\n';
+    for (const StatusEntry& entry : statusTable()) {
+        const std::string number = std::to_string(static_cast<std::int32_t>(entry.status));
+        text += std::string(4 - std::min<std::size_t>(number.size(), 4), ' ') + number + "  " +
+                entry.meaning + "\n";
+    }
+    return text;
 }
 
 } // namespace dialog

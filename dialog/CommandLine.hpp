@@ -7,8 +7,10 @@
 #pragma once
 
 #include "dialog/theme/Wanted.hpp"
+#include "dialog/twin/LengthWord.hpp"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -28,6 +30,8 @@ struct CommandLine
     std::string deviceURI = "usb://Sample/Tape";             // of the --ppd printers
     std::string printer;                                     // empty: the first one
     std::string paper;                                       // empty: the PPD's default
+    std::optional<LengthWord> length;                        // none: the tape's
+    std::optional<LengthWord> margin;                        // none: the PPD's default
     std::int32_t copies = kMinCopies;                        // kMinCopies to kMaxCopies
     std::string title;                                       // empty: the document's name
     std::string preset;                                      // empty: none
@@ -36,6 +40,12 @@ struct CommandLine
     std::string listControls;                                // empty: none
     std::vector<std::pair<std::string, std::string>> wanted; // --set, in order
     WantedAppearance appearance = WantedAppearance::Auto;
+    bool print = false; // without a window, as the next five
+    bool dryRun = false;
+    bool showCommand = false;
+    bool list = false;
+    bool json = false; // with `list`
+    bool check = false;
     bool printAtOnce = false;
     bool showSummary = false;
     bool noMemory = false;
@@ -45,6 +55,19 @@ struct CommandLine
     std::string error; // a sentence; empty when all was understood
 };
 
+// What the program is asked to do without a window, if anything.
+enum class Task : std::uint8_t
+{
+    Window,
+    Print,
+    DryRun,
+    ShowCommand,
+    List,
+    Check,
+};
+// To say what would be printed wins over printing it.
+Task taskOf(const CommandLine& line) noexcept;
+
 // `arguments` are those after the program's name.
 CommandLine parseCommandLine(std::span<const std::string_view> arguments);
 
@@ -52,7 +75,7 @@ CommandLine parseCommandLine(std::span<const std::string_view> arguments);
 // untouched, when it is none or lies outside kMinCopies to kMaxCopies.
 bool parseCopies(std::string_view text, std::int32_t& copies) noexcept;
 
-// What --help prints.
-std::string_view helpText() noexcept;
+// What --help prints, in the user's language.
+std::string helpText();
 
 } // namespace dialog

@@ -3,6 +3,7 @@
 #include "dialog/DialogController+Job.h"
 #include "dialog/Text.h"
 #include "dialog/background/RememberedPrinters.hpp"
+#include "dialog/twin/PanelSettings.hpp"
 
 #include <cups/cups.h>
 
@@ -164,10 +165,12 @@ dialog::PrinterFinder::Clock::time_point now()
     }
     [host_ release];
     const dialog::Start start = [presets_ startOf:printer paper:paperToOpen_ ppd:opened.ppd];
+    const dialog::WantedOptions wanted =
+        dialog::wantedWithEntries(opened.ppd.record(), {line_.length, line_.margin, start.options});
     host_ = [[PanelHost alloc] initWithPrinter:printer.name deviceURI:printer.deviceURI
                                            ppd:std::move(opened.ppd)
                                          paper:start.tape
-                                        wanted:start.options];
+                                        wanted:wanted];
     [host_ setDelegate:self];
     isOpen_ = [host_ ppd].record() != nullptr;
     [[window_ chooser] setEnabled:YES];

@@ -8,6 +8,7 @@
 #include "dialog/Text.h"
 #include "dialog/Translate.hpp"
 #include "dialog/background/Leaving.hpp"
+#include "dialog/twin/Twin.hpp"
 
 #include <cstdio>
 
@@ -52,11 +53,7 @@ enum Pane : NSInteger
         if (line_.plugin.empty()) {
             line_.plugin = dialog::bundlePath(dialog::programFolder());
         }
-        for (const auto& [keyword, choice] : line_.wanted) {
-            if (keyword == "PageSize" && line_.paper.empty()) {
-                line_.paper = choice;
-            }
-        }
+        line_.paper = dialog::paperOf(line_);
     }
     return self;
 }

@@ -4,12 +4,13 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 namespace dialog {
 
 enum class ExitStatus : std::int32_t
 {
-    Printed = 0,     // the job was accepted, or --help or --version was answered
+    Printed = 0,     // the job was accepted, or what was asked was answered
     Cancelled = 1,   // the window was closed without a job
     CommandLine = 2, // an argument was not understood
     NoDisplay = 3,   // no window could be opened
@@ -19,6 +20,16 @@ enum class ExitStatus : std::int32_t
     NoDocument = 7,  // the document could not be read
     NotPrinted = 8,  // the job was held back, refused or could not be written
     NotWritten = 9,  // the picture or the list of controls could not be written
+    NoChoice = 10,   // the printer has no such choice, or its choices do not go together
 };
+
+struct StatusEntry
+{
+    ExitStatus status;
+    const char* meaning; // in the user's language; valid for good
+};
+
+// Every status, by number.
+std::vector<StatusEntry> statusTable();
 
 } // namespace dialog

@@ -134,10 +134,47 @@ Failure printerWithoutPPD(std::string_view name, std::string_view reason)
             ExitStatus::BadPPD};
 }
 
+Failure noPrinterToChoose()
+{
+    return {tr("There is no printer on the print server."), ExitStatus::NoPrinter};
+}
+
+Failure printerWithoutTapes(std::string_view name)
+{
+    return {filled(tr("The PPD of the printer {1} names no tape."), {quoted(name)}),
+            ExitStatus::BadPPD};
+}
+
 Failure noSuchPaper(std::string_view paper, std::string_view printer)
 {
     return {filled(tr("The printer {1} has no tape named {2}."), {quoted(printer), quoted(paper)}),
             ExitStatus::NoPrinter};
+}
+
+Failure noSuchChoice(std::string_view printer, std::string_view option, std::string_view choice)
+{
+    return {filled(tr("The printer {1} has no choice {2} for the option {3}."),
+                   {quoted(printer), quoted(choice), quoted(option)}),
+            ExitStatus::NoChoice};
+}
+
+Failure noCommandWithoutQueue(std::string_view printer)
+{
+    return {filled(tr("There is no lp command for the printer {1}: it prints into a folder."),
+                   {quoted(printer)}),
+            ExitStatus::NoPrinter};
+}
+
+Failure noCommandWithoutDocument()
+{
+    return {tr("There is no lp command for the built-in sample label: it is no file."),
+            ExitStatus::NoDocument};
+}
+
+Failure noCommandForOptions()
+{
+    return {tr("There is no lp command for these options: lp cannot read the name of one of them."),
+            ExitStatus::NoChoice};
 }
 
 Failure ppdNotReadable(std::string_view name, std::string_view reason)

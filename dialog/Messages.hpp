@@ -40,7 +40,16 @@ std::string openingPrinter(std::string_view name);
 Failure ppdNotSent(std::string_view name);
 Failure noSuchPrinter(std::string_view name);
 Failure printerWithoutPPD(std::string_view name, std::string_view reason);
+Failure noPrinterToChoose();
+Failure printerWithoutTapes(std::string_view name);
 Failure noSuchPaper(std::string_view paper, std::string_view printer);
+
+Failure noSuchChoice(std::string_view printer, std::string_view option, std::string_view choice);
+
+// Why there is no lp command for a job.
+Failure noCommandWithoutQueue(std::string_view printer);
+Failure noCommandWithoutDocument();
+Failure noCommandForOptions();
 
 Failure ppdNotReadable(std::string_view name, std::string_view reason);
 Failure ppdRefused(std::string_view name, const PPDCheckResult& found);

@@ -8,6 +8,7 @@
 #include "dialog/JobOptions.hpp"
 #include "dialog/PPDFile.hpp"
 #include "dialog/PanelProtocol.h"
+#include "dialog/WantedOptions.hpp"
 
 #include <memory>
 #include <string>
@@ -21,7 +22,6 @@
 @end
 
 namespace dialog {
-using WantedOptions = std::vector<std::pair<std::string, std::string>>;
 struct HostState;
 } // namespace dialog
 

@@ -3,6 +3,7 @@
 #include "dialog/Text.h"
 #include "dialog/WantedLength.hpp"
 #include "platform/PrintingHost.hpp"
+#include "tape/TapeState.hpp"
 
 namespace dialog {
 
@@ -16,7 +17,6 @@ struct HostState
 
     bool setPaper(const std::string& name);
     void takeWantedLengths();
-    void applyWanted();
 
     PPDFile ppd;
     printing::Printer printer;
@@ -52,26 +52,13 @@ void HostState::takeWantedLengths()
 {
     for (const auto& [keyword, choice] : wanted) {
         const std::optional<double> length = parseMillimetres(choice);
-        if (!length) {
-            continue;
-        }
-        if (keyword == kMarginOption) {
+        if (keyword == kMarginOption && parseMargin(choice)) {
             ppd.setDefault(keyword, choice);
-        } else if (keyword == kTapeLengthOption && pageFormat.paper()) {
+        } else if (keyword == kTapeLengthOption && length && pageFormat.paper() &&
+                   tape::tapeStateForPaper(pageFormat.paper()->ppdName) == tape::kContinuousTape) {
             printing::Paper paper = *pageFormat.paper();
             paper.heightPoints = paperPoints(*length);
             pageFormat.setPaper(paper);
-        }
-    }
-}
-
-void HostState::applyWanted()
-{
-    for (const auto& [keyword, choice] : wanted) {
-        const bool known =
-            ppd.record() != nullptr && ppdFindOption(ppd.record(), keyword.c_str()) != nullptr;
-        if (ppd.mark(keyword, choice) || (!known && keyword != kTapeLengthOption)) {
-            options.set(keyword, choice);
         }
     }
 }
@@ -124,7 +111,7 @@ void HostState::applyWanted()
 
 - (void)applyWanted
 {
-    state_->applyWanted();
+    dialog::applyWanted(state_->wanted, state_->ppd, state_->options);
 }
 
 - (BOOL)choosePaper:(const std::string&)paper

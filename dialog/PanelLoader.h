@@ -22,6 +22,12 @@
                            host:(PanelHost*)host
                         failure:(dialog::Failure&)failure;
 
+// As far as one gets without a display: the panel is made and asked for its name, but not for its
+// view.  nil with `failure`.  Autoreleased.
++ (NSString*)nameOfPanelInBundle:(const std::string&)path
+                            host:(PanelHost*)host
+                         failure:(dialog::Failure&)failure;
+
 - (id<PrintDialogPanel>)panel;
 - (NSView*)view;
 - (NSString*)name;

@@ -3,6 +3,9 @@
 #include "dialog/Text.h"
 
 @interface LoadedPanel (Loading)
++ (LoadedPanel*)panelWithoutViewFromBundle:(const std::string&)path
+                                      host:(PanelHost*)host
+                                   failure:(dialog::Failure&)failure;
 - (BOOL)takeBundle:(NSBundle*)bundle
               path:(const std::string&)path
               host:(PanelHost*)host
@@ -15,6 +18,22 @@
 + (LoadedPanel*)panelFromBundle:(const std::string&)path
                            host:(PanelHost*)host
                         failure:(dialog::Failure&)failure
+{
+    LoadedPanel* const loaded = [self panelWithoutViewFromBundle:path host:host failure:failure];
+    return [loaded takePanelAtPath:path failure:failure] ? loaded : nil;
+}
+
++ (NSString*)nameOfPanelInBundle:(const std::string&)path
+                            host:(PanelHost*)host
+                         failure:(dialog::Failure&)failure
+{
+    LoadedPanel* const loaded = [self panelWithoutViewFromBundle:path host:host failure:failure];
+    return [[[[loaded panel] panelName] copy] autorelease];
+}
+
++ (LoadedPanel*)panelWithoutViewFromBundle:(const std::string&)path
+                                      host:(PanelHost*)host
+                                   failure:(dialog::Failure&)failure
 {
     BOOL isFolder = NO;
     NSString* const place = dialog::toNSString(path);
@@ -61,7 +80,7 @@
         return NO;
     }
     panel_ = [[panels objectAtIndex:0] retain];
-    return [self takePanelAtPath:path failure:failure];
+    return YES;
 }
 
 - (BOOL)takePanelAtPath:(const std::string&)path failure:(dialog::Failure&)failure

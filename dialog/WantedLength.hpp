@@ -13,7 +13,11 @@ inline constexpr std::string_view kMarginOption = "VnMargin";
 // A positive, finite number of millimetres with a dot; nothing else around it.
 std::optional<double> parseMillimetres(std::string_view text) noexcept;
 
-// Points, by the factor that printer panels measure a paper with: 0.0393701 inches a millimetre.
+// The same for a margin, which may be 0 as well.
+std::optional<double> parseMargin(std::string_view text) noexcept;
+
+// Points, by the factor that the panel measures a paper with; measured so, they are never less than
+// the millimetres.  `millimetres` is positive and finite.
 double paperPoints(double millimetres) noexcept;
 
 } // namespace dialog

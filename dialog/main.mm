@@ -13,6 +13,7 @@
 #include "dialog/preview/ControlActions.h"
 #include "dialog/theme/DesktopSettings.hpp"
 #include "dialog/theme/TapeTheme.h"
+#include "dialog/twin/PanelCheck.h"
 
 #include <AppKit/AppKit.h>
 
@@ -50,6 +51,15 @@ const dialog::Language& wantedLanguage()
         {variable("LANGUAGE"), variable("LC_ALL"), variable("LC_MESSAGES"), variable("LANG")});
 }
 
+dialog::ExitStatus runWithoutWindow(dialog::CommandLine line)
+{
+    if (line.plugin.empty()) {
+        line.plugin = dialog::bundlePath(dialog::programFolder());
+    }
+    dialog::BundleLook panel(line.plugin);
+    return dialog::runTwin(line, panel);
+}
+
 dialog::ExitStatus run(const dialog::CommandLine& line, const dialog::Language& language)
 {
     NSApplication* const application = openApplication();
@@ -78,11 +88,12 @@ int main(int argc, char** argv, char** environment)
     std::vector<std::string_view> words(argv + (argc > 0 ? 1 : 0), argv + argc);
     const dialog::CommandLine line = dialog::parseCommandLine(words);
     if (!line.error.empty()) {
-        std::fprintf(stderr, "tape-print: %s\nTry \"tape-print --help\".\n", line.error.c_str());
+        std::fprintf(stderr, "tape-print: %s\n%s\n", line.error.c_str(),
+                     dialog::tr("Try \"tape-print --help\"."));
         return statusNumber(dialog::ExitStatus::CommandLine);
     }
     if (line.help) {
-        std::fwrite(dialog::helpText().data(), 1, dialog::helpText().size(), stdout);
+        std::fputs(dialog::helpText().c_str(), stdout);
         return statusNumber(dialog::ExitStatus::Printed);
     }
     if (line.version) {
@@ -95,6 +106,11 @@ int main(int argc, char** argv, char** environment)
     [NSProcessInfo initializeWithArguments:argv count:1 environment:environment];
     [[NSUserDefaults standardUserDefaults] registerDefaults:@{@"GSSuppressAppIcon" : @"YES"}];
     dialog::speak(language);
+    if (dialog::taskOf(line) != dialog::Task::Window) {
+        const dialog::ExitStatus answered = runWithoutWindow(line);
+        [pool drain];
+        return statusNumber(answered);
+    }
     // Or the first picture that the toolkit looks for by name loads every coder of that library,
     // half of the start's time and 20 MB, for formats that a dialog has no pictures in.
     [NSImageRep unregisterImageRepClass:NSClassFromString(@"GSImageMagickImageRep")];

@@ -1,8 +1,12 @@
 #include "dialog/CommandLine.hpp"
 
+#include "dialog/ExitStatus.hpp"
+#include "dialog/OptionTable.hpp"
+
 #include <gtest/gtest.h>
 
 #include <initializer_list>
+#include <set>
 
 namespace dialog {
 namespace {
@@ -109,15 +113,73 @@ TEST(CommandLineMemory, IsAPresetsNameAndAFlag)
     EXPECT_FALSE(parse({}).noMemory);
 }
 
-TEST(Help, NamesEveryOptionThatIsUnderstood)
+TEST(CommandLine, TakesLengthsWithTheirUnits)
 {
-    for (const char* name :
-         {"--printer", "--paper", "--copies", "--title", "--set", "--ppd", "--device-uri",
-          "--output", "--plugin", "--appearance", "--print-at-once", "--show-summary",
-          "--screenshot", "--list-controls", "--preset", "--no-memory", "--help", "--version"}) {
-        EXPECT_NE(helpText().find(name), std::string_view::npos) << name;
-        const CommandLine alone = parse({name});
-        EXPECT_EQ(alone.error.find("not known"), std::string::npos) << name;
+    const CommandLine line = parse({"--length", "40.5mm", "--margin=3"});
+    EXPECT_EQ(line.error, "");
+    EXPECT_EQ(line.length, (LengthWord{"40.5", pagesettings::Unit::Millimetres}));
+    EXPECT_EQ(line.margin, (LengthWord{"3", {}}));
+    EXPECT_EQ(parse({"--length", "long"}).error,
+              "--length takes a length such as 40, 40.5mm or 1.5in, not \"long\".");
+    EXPECT_EQ(parse({"--margin=-1"}).error,
+              "--margin takes a length such as 3, 2.5mm or 0.25in, not \"-1\".");
+}
+
+TEST(CommandLine, KnowsWhatToDoWithoutAWindow)
+{
+    EXPECT_EQ(taskOf(parse({"label.png", "--length=40"})), Task::Window);
+    EXPECT_EQ(taskOf(parse({"--print-at-once"})), Task::Window);
+    EXPECT_EQ(taskOf(parse({"--print", "label.png"})), Task::Print);
+    EXPECT_EQ(parse({"--print", "label.png"}).document, "label.png");
+    EXPECT_EQ(taskOf(parse({"--print", "--dry-run"})), Task::DryRun);
+    EXPECT_EQ(taskOf(parse({"--show-command", "--print"})), Task::ShowCommand);
+    EXPECT_EQ(taskOf(parse({"--list", "--json"})), Task::List);
+    EXPECT_EQ(taskOf(parse({"--check"})), Task::Check);
+}
+
+TEST(CommandLine, RefusesWhatContradictsItself)
+{
+    EXPECT_EQ(parse({"--list", "--check"}).error, "--list and --check cannot go together.");
+    EXPECT_EQ(parse({"--print", "--list"}).error, "--print and --list cannot go together.");
+    EXPECT_EQ(parse({"--dry-run", "--show-command"}).error,
+              "--dry-run and --show-command cannot go together.");
+    EXPECT_EQ(parse({"--print", "--print-at-once"}).error,
+              "--print and --print-at-once cannot go together.");
+    EXPECT_EQ(parse({"--print", "--preset=x"}).error, "--print and --preset cannot go together.");
+    EXPECT_EQ(parse({"--dry-run", "--preset=x"}).error,
+              "--dry-run and --preset cannot go together.");
+    EXPECT_EQ(parse({"--json"}).error, "--json goes with --list only.");
+}
+
+TEST(OptionTable, NamesEachOptionOnceAndSaysWhatBecomesOfIt)
+{
+    std::set<std::string_view> names;
+    for (const OptionEntry& entry : optionTable()) {
+        EXPECT_TRUE(names.insert(entry.name).second) << entry.name;
+        EXPECT_TRUE(entry.name.starts_with("--")) << entry.name;
+        EXPECT_NE(std::string_view(entry.help), "") << entry.name;
+        const int ends =
+            (entry.flag != nullptr) + (entry.text != nullptr) + (entry.take != nullptr);
+        EXPECT_EQ(ends, 1) << entry.name;
+        EXPECT_EQ(entry.placeholder.empty(), entry.flag != nullptr) << entry.name;
+    }
+    EXPECT_GE(names.size(), 24u);
+}
+
+TEST(Help, NamesEveryOptionAndEveryExitStatus)
+{
+    const std::string help = helpText();
+    for (const OptionEntry& entry : optionTable()) {
+        const std::string name = "  " + std::string(entry.name) + " ";
+        EXPECT_NE(help.find(name), std::string::npos) << name;
+        EXPECT_NE(help.find(entry.help), std::string::npos) << name;
+    }
+    for (const StatusEntry& entry : statusTable()) {
+        EXPECT_NE(help.find(entry.meaning), std::string::npos) << entry.meaning;
+    }
+    EXPECT_EQ(statusTable().size(), 11u);
+    for (std::size_t i = 0; i < statusTable().size(); ++i) {
+        EXPECT_EQ(static_cast<std::size_t>(statusTable()[i].status), i);
     }
 }
 

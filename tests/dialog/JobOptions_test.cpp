@@ -86,6 +86,26 @@ TEST(WantedLength, IsAPositiveNumberWithADot)
     }
 }
 
+TEST(WantedLength, MayBeNothingForAMarginAlone)
+{
+    EXPECT_EQ(parseMargin("0"), 0);
+    EXPECT_EQ(parseMargin("0.0"), 0);
+    EXPECT_EQ(parseMargin("2.5"), 2.5);
+    EXPECT_FALSE(parseMargin("-0"));
+    EXPECT_FALSE(parseMargin("-1"));
+    EXPECT_FALSE(parseMargin("wide"));
+}
+
+TEST(WantedLength, IsMeasuredAsNoLessThanItIs)
+{
+    for (int millimetres = 1; millimetres <= 5000; ++millimetres) {
+        // The panel's own way back, which it cuts to whole millimetres.
+        const double measured = paperPoints(millimetres) / 72.0 / 0.0393701;
+        ASSERT_GE(measured, millimetres);
+        ASSERT_NEAR(measured, millimetres, 1e-9);
+    }
+}
+
 TEST(WantedLength, BecomesPointsByThePanelsOwnFactor)
 {
     EXPECT_DOUBLE_EQ(paperPoints(100), 283.46472);
