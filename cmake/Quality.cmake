@@ -29,6 +29,12 @@ if(TAPE_SANITIZE)
   set(CMAKE_BUILD_RPATH ${ASAN_RUNTIME_FOLDER})
 endif()
 
+# With the fuzz preset, for fuzz/: the fuzzer sees which branches of our code an input takes.
+option(TAPE_FUZZ "Counters for the fuzzer" OFF)
+if(TAPE_FUZZ)
+  target_compile_options(House_Flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 if(TAPE_COVERAGE)
   target_compile_options(House_Flags INTERFACE -fprofile-instr-generate -fcoverage-mapping)
   target_link_options(House_Flags INTERFACE -fprofile-instr-generate -fcoverage-mapping)

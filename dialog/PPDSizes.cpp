@@ -379,7 +379,8 @@ class PPDSizes::Choices
   private:
     std::span<ppd_choice_t> added() const noexcept
     {
-        return {choices_.get() + place_ + 1, choices_ == nullptr ? 0 : count_};
+        return choices_ == nullptr ? std::span<ppd_choice_t>()
+                                   : std::span<ppd_choice_t>(choices_.get() + place_ + 1, count_);
     }
 
     ppd_option_t* option_;

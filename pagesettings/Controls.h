@@ -8,10 +8,19 @@
 
 namespace pagesettings {
 
-// The number in a field, read by the toolkit; 0 without a field.
+// The number that a text begins with; 0 for none.  Not read by the toolkit: there are some that
+// stop after eighteen digits, or make of 0e400 no number at all, which no limit would hold.
+inline FieldValue valueOfText(NSString* text)
+{
+    const char* const bytes = [text UTF8String];
+    const double value = leadingDouble(bytes ? bytes : "");
+    return {narrowed(value), value};
+}
+
+// The number in a field; 0 without a field.
 inline FieldValue valueOf(NSTextField* field)
 {
-    return {[field floatValue], [field doubleValue]};
+    return valueOfText([field stringValue]);
 }
 
 // Autoreleased.

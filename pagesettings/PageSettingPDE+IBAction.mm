@@ -121,7 +121,7 @@ static void show(const Correction& correction, NSTextField* field, NSSlider* sli
     }
     const PanelRules rules = [self rules];
     const FieldValue length = valueOf(mLengthTxFld);
-    if (pagesettings::mayStandWhileTyping(column_dec, length.asFloat, [mMarginTxFld floatValue],
+    if (pagesettings::mayStandWhileTyping(column_dec, length.asFloat, valueOf(mMarginTxFld).asFloat,
                                           rules)) {
         column_dec = NO;
         checkValues_dec = YES;
@@ -141,7 +141,7 @@ static void show(const Correction& correction, NSTextField* field, NSSlider* sli
     const PanelRules rules = [self rules];
     const Correction margin = pagesettings::correctedMargin(valueOf(mMarginTxFld), rules);
     show(margin, mMarginTxFld, mMarginSlider);
-    if (!pagesettings::isMarginTooWide(margin.value, [mLengthTxFld floatValue]))
+    if (!pagesettings::isMarginTooWide(margin.value, valueOf(mLengthTxFld).asFloat))
         return YES;
 
     if (!quietly)

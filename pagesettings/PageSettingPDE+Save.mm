@@ -84,9 +84,10 @@ using pagesettings::valueOf;
         return;
     const PanelRules rules = [self rules];
     NSString* const standard = ppd::string(mMargin_Option->defchoice, ppd::systemEncoding());
-    const double margin = mMarginTxFld
-                              ? pagesettings::marginOfField(valueOf(mMarginTxFld), rules)
-                              : pagesettings::marginOfDefault([standard doubleValue], rules);
+    const double margin =
+        mMarginTxFld
+            ? pagesettings::marginOfField(valueOf(mMarginTxFld), rules)
+            : pagesettings::marginOfDefault(pagesettings::valueOfText(standard).asDouble, rules);
     [self
         tellDialogOption:ppd::string(mMargin_Option->keyword, NSUTF8StringEncoding)
                   choice:string(pagesettings::savedMarginText(margin, [self getTapeState], rules))];

@@ -117,8 +117,9 @@ struct SummaryLines
     }
     const PanelRules rules = [self rules];
     NSString* const standard = ppd::string(mMargin_Option->defchoice, ppd::systemEncoding());
-    return [self withUnit:string(pagesettings::marginText([standard floatValue], rules.unit,
-                                                          rules.wholeMargins))];
+    return
+        [self withUnit:string(pagesettings::marginText(pagesettings::valueOfText(standard).asFloat,
+                                                       rules.unit, rules.wholeMargins))];
 }
 
 - (NSString*)summaryOf:(SummaryLine)line

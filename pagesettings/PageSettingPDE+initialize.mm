@@ -125,7 +125,8 @@ static void takeDecimalNumbers(NSTextField* field)
     NumberText text;
     if (mMargin_Option) {
         NSString* const standard = ppd::string(mMargin_Option->defchoice, ppd::systemEncoding());
-        text = pagesettings::marginText([standard floatValue], rules.unit, rules.wholeMargins);
+        text = pagesettings::marginText(pagesettings::valueOfText(standard).asFloat, rules.unit,
+                                        rules.wholeMargins);
     }
     showNumber(mMarginTxFld, text);
 

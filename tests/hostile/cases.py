@@ -85,7 +85,7 @@ NUMBERS = {
     "blank-before": ("  15", 15), "blanks": ("   ", 0), "sign": ("+15", 15), "two-signs": ("--15", 0),
     "unit": ("15mm", 15), "percent": ("15%n%s", 15), "thousands": ("1 500", 1),
     "arabic-digits": ("١٥", 0), "full-width-digits": ("１５", 0),
-    "many-digits": ("15." + "0" * 200, 15), "zero": ("0", 0), "minus-zero": ("-0", -0.0),
+    "many-digits": ("15." + "0" * 200, 15), "nothing-times-huge": ("0e400", 0), "zero": ("0", 0), "minus-zero": ("-0", -0.0),
     "negative": ("-15", -15), "tiny": ("1e-400", 0), "huge": ("1e9", 1e9),
     "beyond-single": ("1e60", 1e60), "beyond-double": ("1e400", float("inf")),
     "apostrophes": ("1'500", 1), "underscore": ("1_000", 1), "slash": ("15/2", 15),
@@ -310,7 +310,8 @@ for kind, text, value in (
         ("letters", "abc", 0), ("nan", "nan", 0), ("inf", "inf", 0), ("negative", "-4", -4),
         ("comma", "4,5", 4), ("huge", "1e30", 1e30), ("zero", "0", 0), ("fraction", "2.01", 2.01),
         ("many-decimals", "2.0000000000000000001", 2), ("percent", "3%n", 3),
-        ("above-its-maximum", "60", 60)):
+        ("above-its-maximum", "60", 60), ("nothing-times-huge", "0e400", 0),
+        ("twenty-five-digits", "1234567890123456789012345", 1.234567890123456789012345e24)):
     case("Margin-default-" + kind, put("default VnMargin", "*DefaultVnMargin: {}\n".format(text),
                                        margin=value))
 case("Margin-default-missing", put("default VnMargin", "", margin=0))

@@ -224,6 +224,22 @@ TEST(Typing, CorrectsALengthAboveTheMaximumAtOnce)
     EXPECT_EQ(shown.ivar<std::uint8_t>("column_dec"), 0);
 }
 
+// The toolkit reads 0e400 as no number at all, and only the first digits of a long one.
+TEST(EndOfEditing, HoldsNumbersThatNoDoubleKeepsWithinTheLimits)
+{
+    ShownPanel shown(usbDialog(labelPrinter()));
+    for (const char* entry : {"0e400", "000e310", "0.0000e999999", "-1e999999"}) {
+        shown.setLength(entry);
+        shown.setMargin(entry);
+        shown.endEditing("mLengthTxFld");
+        EXPECT_EQ(shown.length(), "20.0") << entry;
+        EXPECT_EQ(shown.margin(), "3.0") << entry;
+    }
+    shown.setLength("1e999999");
+    shown.endEditing("mLengthTxFld");
+    EXPECT_EQ(shown.length(), "1000.0");
+}
+
 TEST(Typing, CorrectsAMarginAboveTheMaximumAtOnce)
 {
     ShownPanel shown(usbDialog(labelPrinter(), paperOf(500)));

@@ -11,6 +11,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <random>
+#include <regex>
+#include <string>
 
 namespace sweep {
 
@@ -54,15 +56,21 @@ inline std::string whole(double value)
     return std::to_string(static_cast<long long>(held));
 }
 
-// As the toolkit reads a text.
-inline float floatOf(const std::string& text)
-{
-    return [[NSString stringWithUTF8String:text.c_str()] floatValue];
-}
-
+// The decimal number at the beginning, by the C library, which would read more than that: words for
+// infinity and no number, and hexadecimal ones.
 inline double doubleOf(const std::string& text)
 {
-    return [[NSString stringWithUTF8String:text.c_str()] doubleValue];
+    static const std::regex decimal(
+        "[ \\t-\\r]*([+-]?([0-9]+\\.?[0-9]*|\\.[0-9]+)([eE][+-]?[0-9]+)?)");
+    std::smatch found;
+    return std::regex_search(text, found, decimal, std::regex_constants::match_continuous)
+               ? std::strtod(found[1].str().c_str(), nullptr)
+               : 0;
+}
+
+inline float floatOf(const std::string& text)
+{
+    return static_cast<float>(doubleOf(text));
 }
 
 inline double tenthsUp(float value)

@@ -1,0 +1,50 @@
+// A PPD's bytes through the dialog's look at them, the print library and every question to it.
+#include "dialog/PPDFile.hpp"
+#include "dialog/PPDSizes.hpp"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+void require(bool holds, const char* sentence)
+{
+    if (holds)
+        return;
+    std::fprintf(stderr, "does not hold: %s\n", sentence);
+    std::abort();
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***)
+{
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const std::string bytes(reinterpret_cast<const char*>(data), size);
+    dialog::Failure failure;
+    dialog::PPDFile ppd = dialog::PPDFile::fromBytes("fuzzed", bytes, failure);
+    require((ppd.record() == nullptr) == !failure.text.empty(),
+            "a PPD is opened, or there is a sentence why not");
+    require(failure.text.find('\n') == failure.text.npos, "a sentence is one line");
+    if (ppd.record() == nullptr)
+        return 0;
+    for (const dialog::PPDFile::Size& paper : ppd.sizes()) {
+        if (ppd.mark("PageSize", paper.name))
+            ppdPageSize(ppd.record(), paper.name.c_str());
+    }
+    for (ppd_option_t* option = ppdFirstOption(ppd.record()); option != nullptr;
+         option = ppdNextOption(ppd.record())) {
+        for (int i = 0; i < option->num_choices; ++i) {
+            const std::string choice = option->choices[i].choice;
+            require(ppd.mark(option->keyword, choice), "a listed choice can be marked");
+        }
+        ppd.setDefault(option->keyword, "Other");
+        ppd.marked(option->keyword);
+    }
+    ppd.modelName();
+    return 0;
+}
