@@ -1,6 +1,5 @@
 #include "textentry/PDEFormatter.h"
 
-#include "ppd/PDEUtilsMethod13.h"
 #include "ppd/PPDText.h"
 #include "textentry/FormatScan.hpp"
 #include "textentry/KeystrokeRules.hpp"
@@ -75,6 +74,29 @@ bool keepsASCII(NSStringEncoding encoding)
            encoding == NSMacOSRomanStringEncoding || encoding == NSISOLatin1StringEncoding;
 }
 
+// For the roads on which the toolkit makes objects; an ordinary key takes none of them.
+class Pool
+{
+  public:
+    Pool() : pool_([[NSAutoreleasePool alloc] init]) {}
+    ~Pool() { [pool_ release]; }
+    Pool(const Pool&) = delete;
+    Pool& operator=(const Pool&) = delete;
+
+  private:
+    NSAutoreleasePool* pool_;
+};
+
+bool holdsPoint(NSString* string, TextRange range)
+{
+    bool found = false;
+    forEachCharacter(string, range, [&](char16_t character) {
+        found = character == u'.';
+        return !found;
+    });
+    return found;
+}
+
 // In the system encoding; the number of characters when the text has none there.
 int64_t byteCount(NSString* string)
 {
@@ -82,6 +104,7 @@ int64_t byteCount(NSString* string)
     const NSStringEncoding encoding = ppd::systemEncoding();
     if (keepsASCII(encoding) && isASCII(string, TextRange{0, length}))
         return static_cast<int64_t>(length);
+    const Pool pool;
     if (![string canBeConvertedToEncoding:encoding])
         return static_cast<int64_t>(length);
     return static_cast<int64_t>([string lengthOfBytesUsingEncoding:encoding]);
@@ -248,7 +271,6 @@ NSString* notificationName(Refusal refusal)
     if (!inserted)
         return YES;
 
-    NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
     const FieldRules rules{.style = mTextStyle,
                            .maxLength = mMaxLength,
                            .hasMaxValue = static_cast<bool>(mIsValidityMaxValue),
@@ -262,6 +284,7 @@ NSString* notificationName(Refusal refusal)
         facts.fitsASCII = isASCII(text, *inserted);
         const bool hasList = [mInvalidCaracters count] != 0;
         if (!facts.fitsASCII || hasList) {
+            const Pool pool;
             NSString* const typed =
                 [text substringWithRange:NSMakeRange(inserted->start, inserted->length)];
             facts.fitsMacRoman =
@@ -273,15 +296,9 @@ NSString* notificationName(Refusal refusal)
         facts.proposedBytes = byteCount(text);
     if (textentry::readsValue(rules))
         facts.proposedValue = wholeNumber(text);
-    if (textentry::readsOriginalPoint(rules)) {
-        bool insertsPoint = false;
-        forEachCharacter(text, *inserted, [&](char16_t character) {
-            insertsPoint = character == u'.';
-            return !insertsPoint;
-        });
-        facts.originalHasPoint = insertsPoint && [original length] != 0 &&
-                                 [PDEUtilsMethod13 scanString:original intoString:@"."];
-    }
+    if (textentry::readsOriginalPoint(rules))
+        facts.originalHasPoint =
+            holdsPoint(text, *inserted) && holdsPoint(original, TextRange{0, [original length]});
 
     KeystrokeCheck check(rules, facts);
     forEachCharacter(text, *inserted, [&](char16_t character) {
@@ -291,12 +308,12 @@ NSString* notificationName(Refusal refusal)
     const bool isValid = check.verdict().refusal == Refusal::None;
     if (!isValid)
         [self refuse:check.verdict()];
-    [pool release];
     return isValid;
 }
 
 - (void)refuse:(Verdict)verdict
 {
+    const Pool pool;
     id object = self;
     switch (textentry::postedObject(verdict, mObject != nil)) {
     case PostedObject::Offender:
