@@ -23,8 +23,11 @@
     BOOL mGridIsValid;
     BOOL mDisabled;
     BOOL mDrawing;
+    BOOL mInToolkit;              // which wants to have single frames drawn again
+    BOOL mToolTipsStand;          // for the grid and its first line as they are
+    NSInteger mRowToScroll;       // one more than the row that is still to be scrolled to; 0: none
     NSScroller* mScroller;        // a subview; nil as long as everything fits
-    NSMutableArray* mToolTipTags; // of the choices that are cut; nil as long as none is
+    NSMutableArray* mToolTipTags; // of the choices in sight; nil before the first drawing
 }
 
 @end

@@ -9,6 +9,7 @@ namespace {
 constexpr NSInteger kMostMeasured = 2 * kMostColumns;
 constexpr CGFloat kFontSize = 12;
 constexpr CGFloat kTightFontSize = 11;
+constexpr NSToolTipTag kNoToolTip = -1;
 
 NSRect rectOf(const ChoiceFrame& frame)
 {
@@ -27,6 +28,7 @@ float widthOf(NSCell* cell)
 - (void)takeToolTipsAway;
 - (NSUInteger)titles;
 - (const ChoiceGrid&)grid;
+- (int32_t)takeRowToScroll;
 - (void)measure;
 - (void)placeScroller;
 - (void)placeToolTips;
@@ -61,25 +63,40 @@ float widthOf(NSCell* cell)
         [self selectCellAtRow:(selected >= 0 && selected < rows ? selected : 0) column:0];
 }
 
+- (void)putCell:(NSCell*)cell atRow:(NSInteger)row column:(NSInteger)column
+{
+    mInToolkit = YES;
+    [super putCell:cell atRow:row column:column];
+    mInToolkit = NO;
+    [self setNeedsDisplay:YES];
+}
+
 - (void)selectCellAtRow:(NSInteger)row column:(NSInteger)column
 {
+    mInToolkit = YES;
     [super selectCellAtRow:row column:column];
+    mInToolkit = NO;
     [self scrollCellToVisibleAtRow:row column:column];
     [self setNeedsDisplay:YES];
 }
 
 - (void)selectCell:(NSCell*)cell
 {
+    mInToolkit = YES;
     [super selectCell:cell];
+    mInToolkit = NO;
     [self scrollCellToVisibleAtRow:[self selectedRow] column:0];
     [self setNeedsDisplay:YES];
 }
 
+// Done when somebody asks where the choices stand: a group that is being filled is selected in
+// several times before it has its titles, and to measure them is most of what it costs.
 - (void)scrollCellToVisibleAtRow:(NSInteger)row column:(NSInteger)column
 {
-    const ChoiceGrid& grid = [self grid];
-    if (row >= 0 && row < grid.count)
-        [self scrollToLine:firstLineShowing(grid, static_cast<int32_t>(row))];
+    if (row < 0 || row >= [self numberOfRows])
+        return;
+    mRowToScroll = row + 1;
+    [self setNeedsDisplay:YES];
 }
 
 // MARK: Enabled
@@ -127,6 +144,9 @@ float widthOf(NSCell* cell)
 
 - (NSRect)cellFrameAtRow:(NSInteger)row column:(NSInteger)column
 {
+    // All of them will be drawn again.
+    if (mInToolkit)
+        return NSZeroRect;
     const ChoiceGrid& grid = [self grid];
     if (column != 0 || row < 0 || row >= grid.count)
         return NSZeroRect;
@@ -144,10 +164,16 @@ float widthOf(NSCell* cell)
     return index != kNoChoice;
 }
 
+// A choice has no cursor of its own; the toolkit would ask where each of them stands.
+- (void)resetCursorRects
+{
+}
+
 - (void)drawRect:(NSRect)rect
 {
-    [self measure];
     mDrawing = YES;
+    [self grid];
+    [self placeToolTips];
     const int32_t end = endOfVisibleChoices(mGrid);
     for (int32_t row = firstVisibleChoice(mGrid); row < end; ++row)
         [self drawCellAtRow:row column:0];
@@ -280,9 +306,18 @@ float widthOf(NSCell* cell)
 
 - (const ChoiceGrid&)grid
 {
-    if (!mGridIsValid || mGridTitles != [self titles])
-        [self measure];
+    [self measure];
+    if (const int32_t row = [self takeRowToScroll]; row >= 0)
+        [self scrollToLine:firstLineShowing(mGrid, row)];
     return mGrid;
+}
+
+// -1: none.
+- (int32_t)takeRowToScroll
+{
+    const auto row = static_cast<int32_t>(mRowToScroll - 1);
+    mRowToScroll = 0;
+    return row < mGrid.count ? row : -1;
 }
 
 - (void)measure
@@ -302,12 +337,15 @@ float widthOf(NSCell* cell)
 
     // The smaller font only where the usual one does not fit.
     for (const CGFloat points : {kFontSize, kTightFontSize}) {
+        if (!measured && points == kFontSize)
+            continue;
         NSFont* const font = [NSFont systemFontOfSize:points];
         for (int32_t row = 0; row < count; ++row) {
             NSCell* const cell = [self cellAtRow:row column:0];
             if (![[cell font] isEqual:font])
                 [cell setFont:font];
-            [cell setLineBreakMode:NSLineBreakByTruncatingTail];
+            if ([cell lineBreakMode] != NSLineBreakByTruncatingTail)
+                [cell setLineBreakMode:NSLineBreakByTruncatingTail];
         }
         ColumnWishes wishes{};
         if (measured) {
@@ -323,8 +361,10 @@ float widthOf(NSCell* cell)
         if (fits)
             break;
     }
+    if (const int32_t row = [self takeRowToScroll]; row >= 0)
+        mGrid.firstLine = clampedFirstLine(mGrid, firstLineShowing(mGrid, row));
     [self placeScroller];
-    [self placeToolTips];
+    mToolTipsStand = NO;
 }
 
 - (void)placeScroller
@@ -365,18 +405,21 @@ float widthOf(NSCell* cell)
     }
 }
 
-// A choice that does not fit tells its whole title.
+// Every choice has a place for a tip; whether it needs one is measured when the mouse rests there.
 - (void)placeToolTips
 {
+    if (mToolTipsStand)
+        return;
+    mToolTipsStand = YES;
     [self takeToolTipsAway];
+    if (!mToolTipTags)
+        mToolTipTags = [[NSMutableArray alloc] init];
     const int32_t end = endOfVisibleChoices(mGrid);
     for (int32_t row = firstVisibleChoice(mGrid); row < end; ++row) {
-        const ChoiceFrame frame = frameOfChoice(mGrid, row);
-        if (widthOf([self cellAtRow:row column:0]) <= frame.width)
-            continue;
-        if (!mToolTipTags)
-            mToolTipTags = [[NSMutableArray alloc] init];
-        const NSToolTipTag tag = [self addToolTipRect:rectOf(frame) owner:self userData:NULL];
+        const NSToolTipTag tag = [self addToolTipRect:rectOf(frameOfChoice(mGrid, row)) owner:self
+                                             userData:NULL];
+        // While another tip is up the toolkit refuses: the next drawing tries again.
+        mToolTipsStand = mToolTipsStand && tag != kNoToolTip;
         [mToolTipTags addObject:[NSNumber numberWithInteger:tag]];
     }
 }
@@ -398,7 +441,10 @@ float widthOf(NSCell* cell)
     NSInteger column = -1;
     if (![self getRow:&row column:&column forPoint:point])
         return nil;
-    return [[self cellAtRow:row column:column] title];
+    // A choice that does not fit tells its whole title.
+    NSCell* const cell = [self cellAtRow:row column:column];
+    const ChoiceFrame frame = frameOfChoice(mGrid, static_cast<int32_t>(row));
+    return widthOf(cell) > frame.width ? [cell title] : nil;
 }
 
 - (void)scrollToLine:(int32_t)line
@@ -408,8 +454,9 @@ float widthOf(NSCell* cell)
         return;
     mGrid.firstLine = clamped;
     [mScroller setFloatValue:scrollerValue(mGrid) knobProportion:scrollerKnob(mGrid)];
-    [self placeToolTips];
-    [self setNeedsDisplay:YES];
+    mToolTipsStand = NO;
+    if (!mDrawing)
+        [self setNeedsDisplay:YES];
 }
 
 - (void)forgetPicture

@@ -348,6 +348,26 @@ TEST_F(ChoiceMatrix, KeepsLongTitlesReadable)
     EXPECT_EQ(textOf(tip), "A title that is far too long for its column 3");
 }
 
+TEST_F(ChoiceMatrix, TellsNothingOfATitleThatCanBeRead)
+{
+    setChoices(5, @"A ");
+    [matrix_ display];
+    NSString* tip = [(id<TellsToolTips>)matrix_ view:matrix_ stringForToolTip:0
+                                               point:NSMakePoint(8, 33)
+                                            userData:NULL];
+    EXPECT_EQ(textOf(tip), "(nil)");
+}
+
+TEST_F(ChoiceMatrix, ShowsTheChoiceThatWasSelectedBeforeThereWereTitles)
+{
+    [matrix_ renewRows:20 columns:1];
+    [matrix_ selectCellAtRow:19 column:0];
+    for (NSInteger row = 0; row < 20; ++row)
+        [[matrix_ cellAtRow:row column:0] setTitle:@"A title"];
+    [matrix_ display];
+    EXPECT_TRUE(NSContainsRect([matrix_ bounds], [matrix_ cellFrameAtRow:19 column:0]));
+}
+
 TEST_F(ChoiceMatrix, HoldsTwoThousandChoices)
 {
     setChoices(2000);
