@@ -235,29 +235,35 @@ static std::optional<std::size_t> countOf(NSArray* choices)
     return mPDEUnit;
 }
 
-- (NSString*)valueOfAttribute:(const char*)keyword
+// The value as text; NULL when it is missing, empty, or bytes that are not valid in the system
+// encoding.  Valid for the autorelease pool.
+- (const char*)valueOfAttribute:(const char*)keyword
 {
-    NSString* const value = [PDEUtilsMethod13 ppdAttrValStr:ppd cStrKey:keyword];
-    return [value length] > 0 ? value : nil;
+    const ppd_attr_t* const attribute = ppdFindAttr(ppd, keyword, nullptr);
+    const char* value = attribute ? attribute->value : nullptr;
+    // What is plain ASCII every system encoding reads alike: no string has to be made for it.
+    if (value && !ppd::isASCII(value))
+        value = [[PDEUtilsMethod13 ppdAttrValStr:ppd cStrKey:keyword] UTF8String];
+    return value && *value != '\0' ? value : nullptr;
 }
 
 - (void)loadUnit
 {
-    NSString* const value = [self valueOfAttribute:ppd::kUnitTypeAttribute];
+    const char* const value = [self valueOfAttribute:ppd::kUnitTypeAttribute];
     if (value)
-        [self setPDEUnit:static_cast<int32_t>(pagesettings::unitFromAttribute([value UTF8String]))];
+        [self setPDEUnit:static_cast<int32_t>(pagesettings::unitFromAttribute(value))];
 }
 
 - (BOOL)isTrueAttribute:(const char*)keyword
 {
-    NSString* const value = [self valueOfAttribute:keyword];
-    return value && pagesettings::isTrue([value UTF8String]);
+    const char* const value = [self valueOfAttribute:keyword];
+    return value && pagesettings::isTrue(value);
 }
 
 - (float)limitAttribute:(const char*)keyword
 {
-    NSString* const value = [self valueOfAttribute:keyword];
-    return value ? pagesettings::leadingFloat([value UTF8String]) : 0.0f;
+    const char* const value = [self valueOfAttribute:keyword];
+    return value ? pagesettings::leadingFloat(value) : 0.0f;
 }
 
 - (BOOL)isIntegerTapeLen

@@ -12,6 +12,9 @@ NSStringEncoding systemEncoding() noexcept
 
 NSString* newString(const char* bytes, NSStringEncoding encoding) noexcept
 {
+    // The toolkit has a shorter road for the encoding of nearly every text.
+    if (bytes && encoding == NSUTF8StringEncoding)
+        return [[NSString alloc] initWithUTF8String:bytes];
     return bytes ? [[NSString alloc] initWithCString:bytes encoding:encoding] : nil;
 }
 
