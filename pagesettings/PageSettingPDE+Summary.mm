@@ -8,7 +8,6 @@
 #include "ppd/PDEChoice.h"
 #include "ppd/PDEUtilsMethod13.h"
 #include "ppd/PPDText.h"
-#include "tape/TapeInfo.h"
 
 using pagesettings::PanelRules;
 using pagesettings::string;

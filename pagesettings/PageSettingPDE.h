@@ -167,8 +167,9 @@
 // The PPD's rules for length and margin.
 - (pagesettings::PanelRules)rules;
 
-// The selected tape, with the framework's status where it is asked for.  NO, and the tape that
-// stands in for an unreadable one, when the dialog raises.  The caller owns the name.
+// The selected tape, asked anew of the dialog, with the framework's status where it is asked for.
+// NO, and the tape that stands in for an unreadable one, when the dialog raises.  The caller owns
+// the name.
 - (BOOL)readTape:(TapeInfo*)tape;
 - (BOOL)readTape:(TapeInfo*)tape status:(OSStatus*)status;
 

@@ -3,10 +3,43 @@
 #include "pagesettings/ChoiceRules.hpp"
 #include "pagesettings/Layout.hpp"
 #include "plugin/HostCall.h"
+#include "ppd/ChoiceLookup.hpp"
 #include "ppd/Keywords.hpp"
 #include "ppd/PDEUtilsMethod13.h"
 
+#include <algorithm>
+#include <cstring>
+#include <map>
+
 using pagesettings::RowPlace;
+
+namespace {
+
+// What a panel knows of the selected paper from the last time it asked.
+struct PaperMemory
+{
+    std::size_t sizePlace = 0;                        // in the PPD's list of sizes
+    char widthTitle[sizeof(ppd_choice_t::text)] = ""; // as the PPD words it
+    NSString* widthText = nil;                        // localized; owned; nil: none yet
+};
+
+// By panel, and not in it: its variables are known to others.  Outlives every static object.
+std::map<const void*, PaperMemory>& memories()
+{
+    static auto& all = *new std::map<const void*, PaperMemory>;
+    return all;
+}
+
+void forget(const void* panel)
+{
+    const auto found = memories().find(panel);
+    if (found == memories().end())
+        return;
+    [found->second.widthText release];
+    memories().erase(found);
+}
+
+} // namespace
 
 @implementation PageSettingPDE13_v100_
 
@@ -63,6 +96,7 @@ using pagesettings::RowPlace;
     [mResolution_Choices release];
     [mCompress_Choices release];
     [mVnResolution_Choices release];
+    forget(self);
     [super dealloc];
 }
 
@@ -345,8 +379,9 @@ static std::optional<std::size_t> countOf(NSArray* choices)
 - (BOOL)readTape:(TapeInfo*)tape status:(OSStatus*)status
 {
     const bool answered = plugin::isTaken([&] {
-        *status = GetTapeInfo(printSession, [pdePluginCallbackObject printSettings],
-                              [pdePluginCallbackObject pageFormat], ppd, tape);
+        PMPrintSettings const settings = [pdePluginCallbackObject printSettings];
+        *status = tapeInfo(settings, [pdePluginCallbackObject pageFormat], ppd, tape,
+                           memories()[self].sizePlace);
     });
     if (!answered)
         *status = GetTapeInfo(printSession, nullptr, nullptr, ppd, tape);
@@ -374,16 +409,30 @@ static NSString* nonEmpty(NSString* title)
 {
     ppd_option_t* const pageSizes = ppdFindOption(ppd, ppd::kPageSizeOption);
     const char* const name = [(NSString*)paperName UTF8String];
-    NSString* width = nil;
-    if (name && pageSizes) {
-        // A page size and its wording stand at the same place in their two lists.
-        const int count = std::min(pageSizes->num_choices, ppd->num_sizes);
-        int i = 0;
-        while (i < count && std::string_view(name) != ppd->sizes[i].name)
-            ++i;
-        width = [self titleOfChoice:i ofOption:i < count ? pageSizes : nullptr];
+    if (!name || !pageSizes)
+        return [self localized:@"RS_TapeWidthNot"];
+    // A page size and its wording stand at the same place in their two lists.
+    const int count = std::max(std::min(pageSizes->num_choices, ppd->num_sizes), 0);
+    const auto place = ppd::firstIndexFrom(
+        memories()[self].sizePlace, static_cast<std::size_t>(count),
+        [&](std::size_t i) { return std::strcmp(name, ppd->sizes[i].name) == 0; });
+    return place ? [self widthTextOf:pageSizes->choices[*place]]
+                 : [self localized:@"RS_TapeWidthNot"];
+}
+
+// Asked for a dozen times in a row and nearly always for the same tape.
+- (NSString*)widthTextOf:(ppd_choice_t&)size
+{
+    PaperMemory& memory = memories()[self];
+    if (!memory.widthText ||
+        std::strncmp(memory.widthTitle, size.text, sizeof memory.widthTitle) != 0) {
+        NSString* const title = nonEmpty([[PDEUtilsMethod13 newChoiceTitle:&size] autorelease]);
+        NSString* const text = [self localized:title ? title : @"RS_TapeWidthNot"];
+        [memory.widthText release];
+        memory.widthText = [text copy];
+        std::memcpy(memory.widthTitle, size.text, sizeof memory.widthTitle);
     }
-    return [self localized:width ? width : @"RS_TapeWidthNot"];
+    return [[memory.widthText retain] autorelease];
 }
 
 @end

@@ -41,6 +41,19 @@ std::optional<std::size_t> firstIndex(std::size_t count, Matches matches)
     return std::nullopt;
 }
 
+// The same, tried first where the last search found one; `place` is kept for the next.  Right for a
+// list that does not change meanwhile and entries that match alike.
+template <class Matches>
+std::optional<std::size_t> firstIndexFrom(std::size_t& place, std::size_t count, Matches matches)
+{
+    if (place < count && matches(place))
+        return place;
+    const auto found = firstIndex(count, matches);
+    if (found)
+        place = *found;
+    return found;
+}
+
 // Where the marked keyword stands in the list: 0 when it is not there, for a panel must show
 // something and the first choice is the PPD's own first.
 template <class KeywordAt>

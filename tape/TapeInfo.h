@@ -10,6 +10,7 @@
 #include <CoreFoundation/CoreFoundation.h>
 #include <cups/ppd.h>
 
+#include <cstddef>
 #include <cstdint>
 
 struct TapeInfo
@@ -38,6 +39,10 @@ PDE_EXPORT std::intptr_t RoundDouble(double value);
 // Fills the record from the page format, its paper's name failing that from the ticket.
 PDE_EXPORT OSStatus GetTapeInfo(PMPrintSession session, PMPrintSettings settings,
                                 PMPageFormat pageFormat, ppd_file_t* ppd, TapeInfo* info);
+
+// The same for a caller that asks often: keeps where the PPD's list has the paper, from 0.
+OSStatus tapeInfo(PMPrintSettings settings, PMPageFormat pageFormat, const ppd_file_t* ppd,
+                  TapeInfo* info, std::size_t& sizePlace);
 
 // Fills paperName alone, from the ticket.  Always 0.
 PDE_EXPORT OSStatus GetTapeInfo2(std::intptr_t unused, PMPrintSettings settings, TapeInfo* info);

@@ -1,9 +1,11 @@
 #include "tape/TapeInfo.h"
 
+#include "ppd/ChoiceLookup.hpp"
 #include "tape/TapeState.hpp"
 #include "tape/Units.hpp"
 
-#include <string_view>
+#include <algorithm>
+#include <cstring>
 
 double MiriToInch(double millimetres)
 {
@@ -20,18 +22,28 @@ std::intptr_t RoundDouble(double value)
     return tape::roundHalfAwayFromZero(value);
 }
 
-// Only a page size of the PPD is known to be a label; a name that the PPD lacks says nothing.
-static std::int32_t stateOfPageSize(const ppd_file_t* ppd, std::string_view name)
+// Only a page size of the PPD is known to be a label; a name that the PPD lacks says nothing.  For
+// any other tape it makes no difference whether the PPD lists it.
+static std::int32_t stateOfPageSize(const ppd_file_t* ppd, const char* name, std::size_t& place)
 {
-    for (int i = 0; ppd && i < ppd->num_sizes; ++i) {
-        if (name == ppd->sizes[i].name)
-            return tape::tapeStateForPaper(name);
-    }
-    return tape::kContinuousTape;
+    const tape::TapeState state = tape::tapeStateForPaper(name);
+    if (!ppd || state == tape::kContinuousTape)
+        return tape::kContinuousTape;
+    const auto listed = ppd::firstIndexFrom(
+        place, static_cast<std::size_t>(std::max(ppd->num_sizes, 0)),
+        [&](std::size_t i) { return std::strcmp(name, ppd->sizes[i].name) == 0; });
+    return listed ? state : tape::kContinuousTape;
 }
 
 OSStatus GetTapeInfo(PMPrintSession, PMPrintSettings settings, PMPageFormat pageFormat,
                      ppd_file_t* ppd, TapeInfo* info)
+{
+    std::size_t place = 0;
+    return tapeInfo(settings, pageFormat, ppd, info, place);
+}
+
+OSStatus tapeInfo(PMPrintSettings settings, PMPageFormat pageFormat, const ppd_file_t* ppd,
+                  TapeInfo* info, std::size_t& sizePlace)
 {
     *info = {tape::kDefaultLengthMillimetres, tape::kContinuousTape, nullptr};
     char name[256] = "";
@@ -62,7 +74,7 @@ OSStatus GetTapeInfo(PMPrintSession, PMPrintSettings settings, PMPageFormat page
 
     // The ticket is only a stand-in for the name: a name from there never locks the length.
     if (name[0] != '\0')
-        info->state = stateOfPageSize(ppd, name);
+        info->state = stateOfPageSize(ppd, name, sizePlace);
     return 0;
 }
 

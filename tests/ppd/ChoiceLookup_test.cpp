@@ -89,6 +89,61 @@ TEST(InList, ExcludesTheCountAndEverythingBelowZero)
     EXPECT_FALSE(isInList(PTRDIFF_MIN, 3));
 }
 
+// Looks for the letter in "abcb" and counts the entries that it looks at.
+struct Search
+{
+    std::optional<std::size_t> find(char letter)
+    {
+        looks = 0;
+        return firstIndexFrom(place, count, [&](std::size_t i) {
+            ++looks;
+            return "abcb"[i] == letter;
+        });
+    }
+
+    std::size_t place = 0;
+    std::size_t count = 4;
+    int looks = 0;
+};
+
+TEST(FirstIndexFrom, LooksOnceForWhatItFoundLast)
+{
+    Search search;
+    EXPECT_EQ(search.find('c'), 2u);
+    EXPECT_EQ(search.place, 2u);
+    EXPECT_EQ(search.find('c'), 2u);
+    EXPECT_EQ(search.looks, 1);
+}
+
+TEST(FirstIndexFrom, FindsTheFirstOfSeveral)
+{
+    Search search;
+    EXPECT_EQ(search.find('c'), 2u);
+    EXPECT_EQ(search.find('b'), 1u);
+    EXPECT_EQ(search.find('a'), 0u);
+    EXPECT_EQ(search.find('b'), 1u);
+}
+
+TEST(FirstIndexFrom, KeepsItsPlaceWhenNothingIsFound)
+{
+    Search search;
+    EXPECT_EQ(search.find('c'), 2u);
+    EXPECT_EQ(search.find('x'), std::nullopt);
+    EXPECT_EQ(search.place, 2u);
+    EXPECT_EQ(search.find('c'), 2u);
+}
+
+TEST(FirstIndexFrom, NeverLooksBehindTheEnd)
+{
+    Search search;
+    search.place = 3;
+    search.count = 2;
+    EXPECT_EQ(search.find('b'), 1u);
+    search.count = 0;
+    EXPECT_EQ(search.find('b'), std::nullopt);
+    EXPECT_EQ(search.looks, 0);
+}
+
 TEST(IndexToSave, StaysInsideTheList)
 {
     EXPECT_EQ(indexToSave(-1, 3), 0u);
