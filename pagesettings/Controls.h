@@ -29,4 +29,25 @@ inline NSString* string(const NumberText& text)
     return [NSString stringWithUTF8String:text.c_str()];
 }
 
+// What a control is or shows already is not set again: it would be drawn again, with all that it
+// overlaps.
+
+inline void setEnabled(NSControl* control, BOOL enabled)
+{
+    if ([control isEnabled] != enabled)
+        [control setEnabled:enabled];
+}
+
+inline void showLabel(NSTextField* label, NSString* text)
+{
+    if (![[label stringValue] isEqualToString:text])
+        [label setStringValue:text];
+}
+
+inline void showValue(NSSlider* slider, float value)
+{
+    if ([slider doubleValue] != static_cast<double>(value))
+        [slider setFloatValue:value];
+}
+
 } // namespace pagesettings

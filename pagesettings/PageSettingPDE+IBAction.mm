@@ -31,7 +31,7 @@ static void showText(NSTextField* field, const NumberText& text)
 static void show(const Correction& correction, NSTextField* field, NSSlider* slider)
 {
     showText(field, correction.text);
-    [slider setFloatValue:pagesettings::narrowed(correction.value)];
+    pagesettings::showValue(slider, pagesettings::narrowed(correction.value));
 }
 
 @implementation PageSettingPDE13_v100_ (VNKMZRPS_IBAction)

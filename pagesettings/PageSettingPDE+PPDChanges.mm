@@ -70,7 +70,8 @@
         [self show:mCompress_Selection of:mCompress_Choices inMatrix:mCompressRdBtn];
     if (itemType & pagesettings::kPrintModeItem) {
         const NSInteger index = [self indexOf:mVnResolution_Selection in:mVnResolution_Choices];
-        if (ppd::isInList(index, static_cast<std::size_t>([mVnResolutionPUBtn numberOfItems])))
+        if (ppd::isInList(index, static_cast<std::size_t>([mVnResolutionPUBtn numberOfItems])) &&
+            [mVnResolutionPUBtn indexOfSelectedItem] != index)
             [mVnResolutionPUBtn selectItemAtIndex:index];
     }
     [self enabledCheck_BS];
@@ -79,7 +80,8 @@
 - (void)show:(PDEChoice*)selection of:(NSArray*)choices inMatrix:(NSMatrix*)matrix
 {
     const NSInteger index = [self indexOf:selection in:choices];
-    if (ppd::isInList(index, static_cast<std::size_t>([matrix numberOfRows])))
+    if (ppd::isInList(index, static_cast<std::size_t>([matrix numberOfRows])) &&
+        [matrix selectedRow] != index)
         [matrix selectCellAtRow:index column:0];
 }
 

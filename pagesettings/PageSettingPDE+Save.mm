@@ -11,10 +11,10 @@
 #include "ppd/PDEChoice.h"
 #include "ppd/PDEUtilsMethod13.h"
 #include "ppd/PPDText.h"
-#include "tape/TapeInfo.h"
 
 using pagesettings::FieldValue;
 using pagesettings::PanelRules;
+using pagesettings::setEnabled;
 using pagesettings::ShownPaper;
 using pagesettings::string;
 using pagesettings::valueOf;
@@ -62,18 +62,18 @@ using pagesettings::valueOf;
 - (void)enableLengthAndMargin
 {
     const BOOL isEditable = [self getTapeState] == 0;
-    [PDEUtilsMethod13 setEnabledForText:isEditable item:mLengthStr];
-    [mLengthTxFld setEnabled:isEditable];
-    [mLengthSlider setEnabled:isEditable];
-    for (NSTextField* label : {mLengthMinStr, mLengthMaxStr, mLengthUnitStr})
-        [PDEUtilsMethod13 setEnabledForText:isEditable item:label];
+    setEnabled(mLengthTxFld, isEditable);
+    setEnabled(mLengthSlider, isEditable);
+    NSColor* const lengthColour = [PDEUtilsMethod13 colourForText:isEditable];
+    for (NSTextField* label : {mLengthStr, mLengthMinStr, mLengthMaxStr, mLengthUnitStr})
+        [PDEUtilsMethod13 setColour:lengthColour ofText:label];
 
     const BOOL hasMargin = [self getTapeState] == 0 && mMargin_Option;
-    [PDEUtilsMethod13 setEnabledForText:hasMargin item:mMarginStr];
-    [mMarginTxFld setEnabled:hasMargin];
-    [mMarginSlider setEnabled:hasMargin];
-    for (NSTextField* label : {mMarginMinStr, mMarginMaxStr, mMarginUnitStr})
-        [PDEUtilsMethod13 setEnabledForText:hasMargin item:label];
+    setEnabled(mMarginTxFld, hasMargin);
+    setEnabled(mMarginSlider, hasMargin);
+    NSColor* const marginColour = [PDEUtilsMethod13 colourForText:hasMargin];
+    for (NSTextField* label : {mMarginStr, mMarginMinStr, mMarginMaxStr, mMarginUnitStr})
+        [PDEUtilsMethod13 setColour:marginColour ofText:label];
 }
 
 #pragma mark Margin

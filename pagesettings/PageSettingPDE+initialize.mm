@@ -9,13 +9,13 @@
 #include "ppd/PDEChoice.h"
 #include "ppd/PDEUtilsMethod13.h"
 #include "ppd/PPDText.h"
-#include "tape/TapeInfo.h"
 #include "textentry/PDEFormatter.h"
 
 #include <algorithm>
 
 using pagesettings::NumberText;
 using pagesettings::PanelRules;
+using pagesettings::showLabel;
 using pagesettings::Unit;
 
 static constexpr int32_t kDecimalNumberStyle = 4;
@@ -75,10 +75,10 @@ static void takeDecimalNumbers(NSTextField* field)
 
 - (void)initializeUI_Width
 {
-    [mWidthStr setStringValue:[self localized:@"RS_TapeWidth"]];
+    showLabel(mWidthStr, [self localized:@"RS_TapeWidth"]);
     TapeInfo tape = {};
     [self readTape:&tape];
-    [mWidthTxFld setStringValue:[self tapeWidthTextForPaper:tape.paperName]];
+    showLabel(mWidthTxFld, [self tapeWidthTextForPaper:tape.paperName]);
     if (tape.paperName)
         CFRelease(tape.paperName);
 }

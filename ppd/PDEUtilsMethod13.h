@@ -39,6 +39,10 @@
 // Text colour of an enabled control when the flag is exactly 1, else of a disabled one.
 + (void)setEnabledForText:(BOOL)flag item:(id)control;
 
+// The same in two steps, for several controls, all of which have a text colour.
++ (NSColor*)colourForText:(BOOL)flag;
++ (void)setColour:(NSColor*)colour ofText:(id)control;
+
 @end
 
 @interface PDEUtilsMethod13 (PDEUtils_String)

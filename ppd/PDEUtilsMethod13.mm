@@ -67,10 +67,20 @@
 
 + (void)setEnabledForText:(BOOL)flag item:(id)control
 {
-    if (![control respondsToSelector:@selector(setTextColor:)])
-        return;
-    [control
-        setTextColor:flag == 1 ? [NSColor controlTextColor] : [NSColor disabledControlTextColor]];
+    if ([control respondsToSelector:@selector(setTextColor:)])
+        [self setColour:[self colourForText:flag] ofText:control];
+}
+
++ (NSColor*)colourForText:(BOOL)flag
+{
+    return flag == 1 ? [NSColor controlTextColor] : [NSColor disabledControlTextColor];
+}
+
++ (void)setColour:(NSColor*)colour ofText:(id)control
+{
+    // Set again, the same colour would have the control drawn again.
+    if (![control respondsToSelector:@selector(textColor)] || [control textColor] != colour)
+        [control setTextColor:colour];
 }
 
 @end

@@ -1,5 +1,7 @@
 #include "pagesettings/PageSettingsTest.hpp"
 
+#include <vector>
+
 namespace {
 
 Offer everyOption()
@@ -251,6 +253,70 @@ TEST(Refreshing, LeavesTheRowWithoutASelection)
     [shown.get() updateUI];
     EXPECT_EQ([shown.matrix("mCompressRdBtn") selectedRow], 1);
     EXPECT_EQ([shown.popUp() indexOfSelectedItem], 1);
+}
+
+TEST(Refreshing, FollowsTheTapeFromLabelToTapeAndBack)
+{
+    ShownPanel shown(usbDialog(labelPrinter(), paperOf(100, "TC36")));
+    EXPECT_EQ(shown.text("mWidthTxFld"), "36 mm tape");
+    for (int turn = 0; turn < 2; ++turn) {
+        shown.dialog.format.setPaper(paperOf(20, "AV40"));
+        [shown.get() updateUI];
+        EXPECT_EQ(shown.text("mWidthTxFld"), "40 mm label");
+        EXPECT_FALSE([shown.field("mLengthTxFld") isEnabled]);
+        EXPECT_TRUE(shown.isGrey("mLengthMaxStr"));
+        shown.dialog.format.setPaper(paperOf(100, "TC24"));
+        [shown.get() updateUI];
+        EXPECT_EQ(shown.text("mWidthTxFld"), "24 mm tape");
+        EXPECT_TRUE([shown.field("mLengthTxFld") isEnabled]);
+        EXPECT_FALSE(shown.isGrey("mLengthMaxStr"));
+        shown.dialog.format.setPaper(paperOf(100, "NoSuchTape"));
+        [shown.get() updateUI];
+        EXPECT_EQ(shown.text("mWidthTxFld"), localizedText("RS_TapeWidthNot"));
+    }
+}
+
+TEST(Refreshing, ShowsTheWidthAsThePPDWordsItNow)
+{
+    ShownPanel shown(usbDialog(labelPrinter(), paperOf(100, "TC24")));
+    std::strcpy(shown.dialog.option("PageSize")->choices[0].text, "Twenty-four");
+    [shown.get() updateUI];
+    EXPECT_EQ(shown.text("mWidthTxFld"), "Twenty-four");
+}
+
+TEST(Refreshing, HasNothingDrawnAgainThatIsAsItWas)
+{
+    ShownPanel shown(usbDialog(labelPrinter(everyOption())));
+    NSWindow* const window = [[[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, 600, 400)
+                                                          styleMask:NSBorderlessWindowMask
+                                                            backing:NSBackingStoreBuffered
+                                                              defer:NO] autorelease];
+    [window setReleasedWhenClosed:NO];
+    NSView* const view = [shown.get() panelView];
+    [[window contentView] addSubview:view];
+    [window orderFront:nil];
+    [shown.get() updateUI];
+    // What is hidden, and a line between groups, the toolkit never counts as drawn.
+    const auto drawn = [&] {
+        [window display];
+        std::vector<NSView*> controls;
+        for (NSView* control in [view subviews]) {
+            if (![control isHidden] && ![control needsDisplay])
+                controls.push_back(control);
+        }
+        return controls;
+    }();
+    EXPECT_GT(drawn.size(), 15u);
+    [shown.get() updateUI];
+    for (NSView* const control : drawn)
+        EXPECT_FALSE([control needsDisplay]) << textOf([control description]);
+
+    NSMatrix* const quality = shown.matrix("mPrintQualityRdBtn");
+    EXPECT_FALSE([quality needsDisplay]);
+    [shown.get() PPDOptionKeyValueDidChange:@"VnPriority" ppdChoice:@"Fine"];
+    [shown.get() updateUI];
+    EXPECT_TRUE([quality needsDisplay]);
+    [view removeFromSuperview];
 }
 
 TEST(AnEarlierUserChoice, IsReplacedByAChangeElsewhere)
