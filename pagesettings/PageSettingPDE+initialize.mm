@@ -288,28 +288,33 @@ static void takeDecimalNumbers(NSTextField* field)
     [self showCaptionOf:ppd::kPrintModeOption fallback:@"RS_Quality" in:mPrintVnResolutionStr
                 enabled:enabled];
     [mVnResolutionPUBtn setEnabled:enabled];
+    const NSInteger selected = [mVnResolutionPUBtn indexOfSelectedItem];
     [self fillPrintModes];
     // The default is looked for among the resolutions, to which the print modes correspond.
     const NSInteger standard = [self indexOfDefaultIn:mVnResolution_Choices
                                               testing:mResolution_Choices];
-    if (ppd::isInList(standard, static_cast<std::size_t>([mVnResolutionPUBtn numberOfItems])))
-        [mVnResolutionPUBtn selectItemAtIndex:standard];
+    const NSInteger count = [mVnResolutionPUBtn numberOfItems];
+    if (count > 0)
+        [mVnResolutionPUBtn
+            selectItemAtIndex:ppd::isInList(standard, static_cast<std::size_t>(count))
+                                  ? standard
+                                  : std::clamp<NSInteger>(selected, 0, count - 1)];
 }
 
 - (void)fillPrintModes
 {
     // Through the menu: the pop-up itself drops an item whose title comes a second time.
     NSMenu* const menu = [mVnResolutionPUBtn menu];
-    const NSInteger selected = [mVnResolutionPUBtn indexOfSelectedItem];
     NSArray* const titles = [self titlesOf:mVnResolution_Choices option:ppd::kPrintModeOption
                                   standIns:printModeTitles()];
+    // One message at the end instead of one an item.
+    const BOOL tells = [menu menuChangedMessagesEnabled];
+    [menu setMenuChangedMessagesEnabled:NO];
     while ([menu numberOfItems] > 0)
         [menu removeItemAtIndex:[menu numberOfItems] - 1];
     for (NSString* title in titles)
         [menu addItemWithTitle:title action:NULL keyEquivalent:@""];
-    const NSInteger count = [menu numberOfItems];
-    if (count > 0)
-        [mVnResolutionPUBtn selectItemAtIndex:std::clamp<NSInteger>(selected, 0, count - 1)];
+    [menu setMenuChangedMessagesEnabled:tells];
 }
 
 #pragma mark Quality and resolution
