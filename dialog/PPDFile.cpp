@@ -114,17 +114,15 @@ PPDFile PPDFile::fromBytes(std::string_view name, std::string_view bytes, Failur
 {
     const std::optional<PPDSizes> many =
         bytes.size() > kMaxPPDBytesWithSizes ? std::nullopt : PPDSizes::take(bytes);
-    if (many) {
-        bytes = many->rest();
-    }
-    const PPDCheckResult found = checkPPD(bytes);
+    const std::string_view opened = many ? std::string_view(many->rest()) : bytes;
+    const PPDCheckResult found = checkPPD(opened);
     if (found.fault != PPDFault::None) {
         failure = ppdRefused(name, found);
         return {};
     }
     // libcups reads exactly the bytes that were looked at, whatever becomes of the file meanwhile.
     Descriptor memory(memfd_create("ppd", MFD_CLOEXEC));
-    if (memory.get() < 0 || !writeAll(memory.get(), bytes) ||
+    if (memory.get() < 0 || !writeAll(memory.get(), opened) ||
         lseek(memory.get(), 0, SEEK_SET) != 0) {
         failure = ppdNotReadable(name, std::strerror(errno));
         return {};

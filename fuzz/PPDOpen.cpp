@@ -32,6 +32,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(failure.text.find('\n') == failure.text.npos, "a sentence is one line");
     if (ppd.record() == nullptr)
         return 0;
+    require(ppd.reopened().sizes().size() == ppd.sizes().size(),
+            "a PPD opened again has its sizes");
     for (const dialog::PPDFile::Size& paper : ppd.sizes()) {
         if (ppd.mark("PageSize", paper.name))
             ppdPageSize(ppd.record(), paper.name.c_str());

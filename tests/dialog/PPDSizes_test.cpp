@@ -239,6 +239,16 @@ TEST(PPDSizes, OfTenThousandCanBeChosen)
     EXPECT_FLOAT_EQ(size->width, 10009.999F);
 }
 
+TEST(PPDSizes, AreStillThereWhenThePPDIsReopened)
+{
+    Failure failure;
+    const PPDFile file = PPDFile::fromBytes("many", ppd(150), failure);
+    ASSERT_EQ(file.sizes().size(), 150u) << failure.text;
+    const PPDFile again = file.reopened();
+    ASSERT_EQ(again.sizes().size(), 150u);
+    EXPECT_EQ(again.sizes().back().name, "T149");
+}
+
 TEST(PPDSizes, ThatAreNotPlainKeepTheLimitOfLibcups)
 {
     std::string contents = ppd(5000);
