@@ -44,36 +44,51 @@ std::string takeValue(CommandLine& line, const OptionEntry& entry, std::string_v
     return {};
 }
 
+struct Given
+{
+    const char* name;
+    bool given;
+};
+
+std::string notTogether(const char* one, const char* other)
+{
+    return filled(tr("{1} and {2} cannot go together."), {one, other});
+}
+
 // Two tasks, or a manner of one that is not asked for, are a mistake rather than a choice.
 std::string contradiction(const CommandLine& line)
 {
-    const struct
-    {
-        const char* name;
-        bool given;
-    } tasks[] = {{"--dry-run", line.dryRun},
-                 {"--show-command", line.showCommand},
-                 {"--list", line.list},
-                 {"--check", line.check},
-                 {"--print-at-once", line.printAtOnce}};
-    const char* first =
+    const char* task =
         line.print && (line.list || line.check || line.printAtOnce) ? "--print" : nullptr;
-    for (const auto& task : tasks) {
-        if (task.given && first != nullptr) {
-            return filled(tr("{1} and {2} cannot go together."), {first, task.name});
+    for (const Given& other : {Given{"--dry-run", line.dryRun},
+                               {"--show-command", line.showCommand},
+                               {"--list", line.list},
+                               {"--check", line.check},
+                               {"--print-at-once", line.printAtOnce}}) {
+        if (other.given && task != nullptr) {
+            return notTogether(task, other.name);
         }
-        if (task.given) {
-            first = task.name;
+        if (other.given) {
+            task = other.name;
         }
-    }
-    if (!line.preset.empty() && taskOf(line) != Task::Window) {
-        return filled(tr("{1} and {2} cannot go together."),
-                      {first == nullptr ? "--print" : first, "--preset"});
     }
     if (line.json && !line.list) {
         return filled(tr("{1} goes with {2} only."), {"--json", "--list"});
     }
-    return {};
+    if (taskOf(line) == Task::Window) {
+        return {};
+    }
+    for (const Given& ofWindow : {Given{"--preset", !line.preset.empty()},
+                                  {"--show-summary", line.showSummary},
+                                  {"--screenshot", !line.screenshot.empty()},
+                                  {"--list-controls", !line.listControls.empty()}}) {
+        if (ofWindow.given) {
+            return notTogether(task == nullptr ? "--print" : task, ofWindow.name);
+        }
+    }
+    return (line.list || line.check) && !line.document.empty()
+               ? filled(tr("{1} takes no document."), {task})
+               : std::string();
 }
 
 } // namespace

@@ -16,7 +16,7 @@ std::vector<StatusEntry> statusTable()
         {ExitStatus::BadPPD, tr("the PPD cannot be used")},
         {ExitStatus::NoDocument, tr("the document cannot be read")},
         {ExitStatus::NotPrinted, tr("the job was held back, refused or not written")},
-        {ExitStatus::NotWritten, tr("a picture or list of controls was not written")},
+        {ExitStatus::NotWritten, tr("an answer, a picture or a list of controls was not written")},
         {ExitStatus::NoChoice, tr("the printer has no such choice, or choices exclude each other")},
     };
 }

@@ -19,7 +19,7 @@ enum class ExitStatus : std::int32_t
     BadPPD = 6,      // the printer's PPD could not be used
     NoDocument = 7,  // the document could not be read
     NotPrinted = 8,  // the job was held back, refused or could not be written
-    NotWritten = 9,  // the picture or the list of controls could not be written
+    NotWritten = 9,  // an answer, the picture or the list of controls could not be written
     NoChoice = 10,   // the printer has no such choice, or its choices do not go together
 };
 

@@ -64,6 +64,15 @@ std::string textOf(ipp_attribute_t* attribute)
     return text == nullptr ? std::string() : std::string(text);
 }
 
+// Why the last request failed.  After a silence that was too long the library's reason is that of
+// no error at all.
+std::string lastReason()
+{
+    const char* const reason = cupsLastErrorString();
+    const bool isNone = reason == nullptr || std::strcmp(reason, std::strerror(0)) == 0;
+    return isNone ? std::string() : std::string(reason);
+}
+
 bool isRaw(std::string_view makeAndModel) noexcept
 {
     return makeAndModel.ends_with(" Raw Printer");
@@ -196,14 +205,18 @@ QueueList listQueues(Cancellation* cancellation)
         return list; // a server without a single queue
     }
     if (!response || status > IPP_STATUS_OK_CONFLICTING) {
-        list.failure = serverSilent(cupsServer(), cupsLastErrorString());
+        list.failure = serverSilent(cupsServer(), lastReason());
         return list;
     }
     std::optional<Queue> queue;
     bool raw = false;
     const auto finish = [&] {
-        if (queue && !queue->name.empty() && !raw) {
-            list.queues.push_back(std::move(*queue));
+        if (queue && !queue->name.empty()) {
+            if (raw) {
+                list.rawQueues.push_back(std::move(queue->name));
+            } else {
+                list.queues.push_back(std::move(*queue));
+            }
         }
         queue.reset();
         raw = false;
@@ -313,7 +326,7 @@ SentJob sendJob(const std::string& queue, const std::string& title,
         connection.alive(ServerConnection::kSilence, kCreatingSilence);
         job = createJob(connection.get(), queue, title, array);
         if (job == 0) {
-            sent.failure = jobRefused(queue, cupsLastErrorString());
+            sent.failure = jobRefused(queue, lastReason());
             return stopped(std::move(sent), cancellation);
         }
         connection.alive(kSendingSilence);
@@ -339,7 +352,7 @@ SentJob sendJob(const std::string& queue, const std::string& title,
                 return sent;
             }
         }
-        sent.failure = readable ? jobRefused(queue, cupsLastErrorString())
+        sent.failure = readable ? jobRefused(queue, lastReason())
                                 : documentNotReadable(documentPath, "reading stopped early");
     }
     sent = stopped(std::move(sent), cancellation);
@@ -355,7 +368,7 @@ Failure cancelJob(const std::string& queue, int job)
     const ServerConnection connection(failure);
     if (connection &&
         cupsCancelJob2(connection.get(), queue.c_str(), job, 0) > IPP_STATUS_OK_CONFLICTING) {
-        failure = jobNotCancelled(queue, job, cupsLastErrorString());
+        failure = jobNotCancelled(queue, job, lastReason());
     } else if (failure) {
         failure = jobNotCancelled(queue, job, failure.text);
     }

@@ -31,9 +31,10 @@ struct QueueList
     std::vector<Queue> queues; // the server's default first
     std::string server;        // who was asked
     Failure failure;           // the server does not answer
+    // The names of those without a PPD, which are not among `queues`.
+    std::vector<std::string> rawQueues{};
 };
 
-// Queues without a PPD of their own (raw ones) are left out.
 QueueList listQueues(Cancellation* cancellation = nullptr);
 
 // The bytes of the queue's PPD; empty, with `failure`, when it has none or not all of it came.

@@ -1,5 +1,6 @@
 // tape-print: the print dialog for label-tape printers.
 
+#include "dialog/Answer.hpp"
 #include "dialog/CommandLine.hpp"
 #include "dialog/DialogController.h"
 #include "dialog/ExitStatus.hpp"
@@ -51,6 +52,14 @@ const dialog::Language& wantedLanguage()
         {variable("LANGUAGE"), variable("LC_ALL"), variable("LC_MESSAGES"), variable("LANG")});
 }
 
+void setUpToolkit(char** argv, char** environment, const dialog::Language& language)
+{
+    // The toolkit takes every plain word for a file to open and every -word for a default.
+    [NSProcessInfo initializeWithArguments:argv count:1 environment:environment];
+    [[NSUserDefaults standardUserDefaults] registerDefaults:@{@"GSSuppressAppIcon" : @"YES"}];
+    dialog::speak(language);
+}
+
 dialog::ExitStatus runWithoutWindow(dialog::CommandLine line)
 {
     if (line.plugin.empty()) {
@@ -93,19 +102,16 @@ int main(int argc, char** argv, char** environment)
         return statusNumber(dialog::ExitStatus::CommandLine);
     }
     if (line.help) {
-        std::fputs(dialog::helpText().c_str(), stdout);
-        return statusNumber(dialog::ExitStatus::Printed);
+        dialog::answer(dialog::helpText());
+        return statusNumber(dialog::endOfAnswer(dialog::ExitStatus::Printed));
     }
     if (line.version) {
-        std::puts("tape-print " TAPE_PRINT_VERSION);
-        return statusNumber(dialog::ExitStatus::Printed);
+        dialog::answer("tape-print " TAPE_PRINT_VERSION "\n");
+        return statusNumber(dialog::endOfAnswer(dialog::ExitStatus::Printed));
     }
 
     NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
-    // The toolkit takes every plain word for a file to open and every -word for a default.
-    [NSProcessInfo initializeWithArguments:argv count:1 environment:environment];
-    [[NSUserDefaults standardUserDefaults] registerDefaults:@{@"GSSuppressAppIcon" : @"YES"}];
-    dialog::speak(language);
+    setUpToolkit(argv, environment, language);
     if (dialog::taskOf(line) != dialog::Task::Window) {
         const dialog::ExitStatus answered = runWithoutWindow(line);
         [pool drain];

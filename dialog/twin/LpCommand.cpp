@@ -24,7 +24,8 @@ bool isMadeOf(std::string_view text, std::string_view others) noexcept
 
 std::string shellWord(std::string_view text)
 {
-    if (isMadeOf(text, "_-./:=,@%+")) {
+    // Some shells look a command up for a word that begins with an equals sign.
+    if (isMadeOf(text, "_-./:=,@%+") && text.front() != '=') {
         return std::string(text);
     }
     std::string word = "'";

@@ -88,6 +88,11 @@ std::string rangeText(const LengthFacts& facts)
     return filled("{1} - {2} mm", {plainNumber(facts.minimum), plainNumber(facts.maximum)});
 }
 
+std::string marked(const std::string& words, bool isDefault)
+{
+    return isDefault ? filled(tr("{1} (default)"), {words}) : words;
+}
+
 nlohmann::ordered_json asJSON(const LengthFacts& facts)
 {
     nlohmann::ordered_json json = {{"option", facts.option},
@@ -192,8 +197,7 @@ std::string factsAsText(const std::vector<PrinterFacts>& printers)
         if (!text.empty()) {
             text += '\n';
         }
-        line(0, facts.isFirst ? filled(tr("{1} (default)"), {facts.printer.name})
-                              : facts.printer.name);
+        line(0, marked(facts.printer.name, facts.isFirst));
         if (!facts.problem.empty()) {
             line(4, facts.problem);
             continue;
@@ -201,11 +205,14 @@ std::string factsAsText(const std::vector<PrinterFacts>& printers)
         line(4, facts.model);
         line(4, tr("Tapes:"));
         for (const PaperFacts& paper : facts.papers) {
-            line(8, paper.isFixed
-                        ? filled(tr("{1}: {2}, {3} mm long"),
-                                 {paper.name, paper.title, plainNumber(paper.lengthMillimetres)})
-                        : filled("{1}: {2}", {paper.name, paper.title}));
+            const std::string words =
+                paper.isFixed
+                    ? filled(tr("{1}: {2}, {3} mm long"),
+                             {paper.name, paper.title, plainNumber(paper.lengthMillimetres)})
+                    : filled("{1}: {2}", {paper.name, paper.title});
+            line(8, marked(words, paper.name == facts.paper));
         }
+        line(4, filled(tr("Unit: {1}"), {facts.inInches ? "in" : "mm"}));
         line(4, filled(tr("Length: {1}"), {rangeText(facts.length)}));
         if (facts.margin) {
             line(4, filled(tr("Margin: {1}"), {rangeText(*facts.margin)}));
@@ -214,8 +221,7 @@ std::string factsAsText(const std::vector<PrinterFacts>& printers)
             line(4, filled("{1}: {2}", {option.keyword, option.title}));
             for (const ChoiceFacts& choice : option.choices) {
                 const std::string words = filled("{1}: {2}", {choice.choice, choice.title});
-                line(8, choice.choice == option.standard ? filled(tr("{1} (default)"), {words})
-                                                         : words);
+                line(8, marked(words, choice.choice == option.standard));
             }
         }
     }

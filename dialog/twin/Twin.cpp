@@ -1,11 +1,12 @@
 #include "dialog/twin/Twin.hpp"
 
+#include "dialog/Answer.hpp"
 #include "dialog/Document.hpp"
 #include "dialog/JobPageSize.hpp"
-#include "dialog/OutputFolder.hpp"
 #include "dialog/PrintServer.hpp"
 #include "dialog/Printers.hpp"
 #include "dialog/Translate.hpp"
+#include "dialog/background/JobSender.hpp"
 #include "dialog/background/PrinterOpener.hpp"
 #include "dialog/twin/LpCommand.hpp"
 #include "dialog/twin/PanelSettings.hpp"
@@ -13,6 +14,7 @@
 #include "dialog/twin/Remarks.hpp"
 
 #include <cstdio>
+#include <memory>
 
 namespace dialog {
 
@@ -21,11 +23,6 @@ namespace {
 void say(const std::string& sentence)
 {
     std::fprintf(stderr, "tape-print: %s\n", sentence.c_str());
-}
-
-void answer(const std::string& text)
-{
-    std::fputs(text.c_str(), stdout);
 }
 
 ExitStatus failed(const Failure& failure)
@@ -44,13 +41,37 @@ PPDFile openPPD(const PrinterEntry& printer, Failure& failure)
 struct Found
 {
     std::vector<PrinterEntry> printers;
+    std::vector<std::string> rawQueues;
     Failure server; // why there are no queues
 };
 
 Found findPrinters(const CommandLine& line)
 {
     const QueueList list = listQueues();
-    return {printersToOffer(line, list.queues), list.failure};
+    return {printersToOffer(line, list.queues), list.rawQueues, list.failure};
+}
+
+// Where the printer to print on is not a queue, no print server is asked.
+Found findPrintersToPrintOn(const CommandLine& line)
+{
+    Found own{printersToOffer(line, {}), {}, {}};
+    const bool isOwn = line.printer.empty() ? !line.ppdFiles.empty()
+                                            : findPrinter(own.printers, line.printer).has_value();
+    return isOwn ? own : findPrinters(line);
+}
+
+// Why the printer that was asked for is not there.
+Failure missingPrinter(const CommandLine& line, const Found& found)
+{
+    if (found.server) {
+        return found.server;
+    }
+    for (const std::string& name : found.rawQueues) {
+        if (name == line.printer) {
+            return printerWithoutPPD(name, tr("it is a raw queue"));
+        }
+    }
+    return noSuchPrinter(line.printer);
 }
 
 // The printer named, or the first one.  A script that names none means one that prints.
@@ -67,7 +88,7 @@ const PrinterEntry* choosePrinter(const CommandLine& line, const Found& found, F
     if (const auto index = findPrinter(found.printers, line.printer)) {
         return &found.printers[*index];
     }
-    failure = found.server ? found.server : noSuchPrinter(line.printer);
+    failure = missingPrinter(line, found);
     return nullptr;
 }
 
@@ -84,7 +105,7 @@ struct Plan
 Failure makePlan(const CommandLine& line, const Document& document, Plan& plan)
 {
     Failure failure;
-    const Found found = findPrinters(line);
+    const Found found = findPrintersToPrintOn(line);
     const PrinterEntry* const printer = choosePrinter(line, found, failure);
     if (printer == nullptr) {
         return failure;
@@ -140,24 +161,21 @@ std::string planText(const CommandLine& line, const Document& document, const Pl
     return text;
 }
 
-ExitStatus send(const CommandLine& line, const Document& document, const Plan& plan)
+ExitStatus send(const CommandLine& line, std::shared_ptr<const Document> document, const Plan& plan)
 {
-    if (plan.printer.kind == PrinterKind::Queue) {
-        const SentJob sent =
-            sendJob(plan.printer.name, plan.title, plan.options, document.path(), document.name());
-        if (sent.failure) {
-            return failed(sent.failure);
-        }
-        answer(jobSent(plan.printer.name, sent.id) + "\n");
-        return ExitStatus::Printed;
+    const std::string summary = planText(line, *document, plan);
+    const JobTicket ticket{plan.printer, std::move(document), plan.title,
+                           plan.options, line.output,         summary};
+    Cancellation never;
+    JobWatch watch;
+    const JobOutcome outcome = printJob(ticket, never, watch);
+    if (outcome.end == JobEnd::Failed) {
+        return failed(outcome.failure);
     }
-    const JobFolder written =
-        writeJobFolder(line.output, document.path(), document.name(), optionLines(plan.options),
-                       planText(line, document, plan));
-    if (written.path.empty()) {
-        return failed(outputNotWritten(line.output, written.reason));
+    answer(outcome.answer + "\n");
+    if (!outcome.waiting.empty()) {
+        say(outcome.waiting);
     }
-    answer(jobWritten(written.path) + "\n");
     return ExitStatus::Printed;
 }
 
@@ -179,18 +197,18 @@ ExitStatus showCommand(const CommandLine& line, const Plan& plan)
 
 ExitStatus printOrSay(const CommandLine& line, PanelLook& panel)
 {
-    const Document document = Document::open(line.document);
-    if (!document.ok()) {
-        return failed(document.failure());
+    const auto document = std::make_shared<const Document>(Document::open(line.document));
+    if (!document->ok()) {
+        return failed(document->failure());
     }
     Plan plan;
-    if (const Failure failure = makePlan(line, document, plan)) {
+    if (const Failure failure = makePlan(line, *document, plan)) {
         return failed(failure);
     }
     sayAdjustments(plan.settings, panel);
     switch (taskOf(line)) {
     case Task::DryRun:
-        answer(planText(line, document, plan) + "\n" + optionLines(plan.options));
+        answer(planText(line, *document, plan) + "\n" + optionLines(plan.options));
         return ExitStatus::Printed;
     case Task::ShowCommand:
         return showCommand(line, plan);
@@ -220,7 +238,7 @@ ExitStatus list(const CommandLine& line)
         all.push_back(std::move(facts));
     }
     if (all.empty()) {
-        return failed(found.server ? found.server : noSuchPrinter(line.printer));
+        return failed(missingPrinter(line, found));
     }
     if (found.server && line.printer.empty()) {
         status = failed(found.server);
@@ -283,8 +301,7 @@ ExitStatus check(const CommandLine& line, PanelLook& panel)
         }
     }
     if (!isThere && !found.server) {
-        report.bad(noSuchPrinter(line.printer));
-        answer(std::string(tr("A queue without a PPD, a raw one, is not offered.")) + "\n");
+        report.bad(missingPrinter(line, found));
     }
     return report.status();
 }
@@ -308,11 +325,13 @@ ExitStatus runTwin(const CommandLine& line, PanelLook& panel)
 {
     switch (taskOf(line)) {
     case Task::List:
-        return list(line);
+        return endOfAnswer(list(line));
     case Task::Check:
-        return check(line, panel);
+        return endOfAnswer(check(line, panel));
+    case Task::Print:
+        return printOrSay(line, panel); // the job counts, not what is said of it
     default:
-        return printOrSay(line, panel);
+        return endOfAnswer(printOrSay(line, panel));
     }
 }
 

@@ -149,6 +149,21 @@ TEST(CommandLine, RefusesWhatContradictsItself)
     EXPECT_EQ(parse({"--dry-run", "--preset=x"}).error,
               "--dry-run and --preset cannot go together.");
     EXPECT_EQ(parse({"--json"}).error, "--json goes with --list only.");
+    EXPECT_EQ(parse({"--check", "--json"}).error, "--json goes with --list only.");
+}
+
+TEST(CommandLine, RefusesWhatIsOfTheWindowWithoutOne)
+{
+    EXPECT_EQ(parse({"--print", "--screenshot=x"}).error,
+              "--print and --screenshot cannot go together.");
+    EXPECT_EQ(parse({"--list-controls=x", "--list"}).error,
+              "--list and --list-controls cannot go together.");
+    EXPECT_EQ(parse({"--show-summary", "--dry-run"}).error,
+              "--dry-run and --show-summary cannot go together.");
+    EXPECT_EQ(parse({"--show-summary", "--screenshot=x", "--list-controls=x"}).error, "");
+    EXPECT_EQ(parse({"--list", "label.png"}).error, "--list takes no document.");
+    EXPECT_EQ(parse({"label.png", "--check"}).error, "--check takes no document.");
+    EXPECT_EQ(parse({"label.png", "--print"}).error, "");
 }
 
 TEST(OptionTable, NamesEachOptionOnceAndSaysWhatBecomesOfIt)

@@ -22,6 +22,7 @@ TEST(ShellWord, IsInSingleQuotesOtherwise)
     EXPECT_EQ(shellWord("it's"), "'it'\\''s'");
     EXPECT_EQ(shellWord("$(rm -r /)"), "'$(rm -r /)'");
     EXPECT_EQ(shellWord("~"), "'~'");
+    EXPECT_EQ(shellWord("=ls"), "'=ls'");
     EXPECT_EQ(shellWord("a\nb"), "'a\nb'");
     EXPECT_EQ(shellWord("Größe"), "'Größe'");
 }

@@ -56,7 +56,11 @@ TEST(PrinterFacts, AreTextWithTheDefaultsMarked)
     EXPECT_TRUE(text.starts_with("tape (default)\n")) << text;
     EXPECT_NE(text.find("        DC24x40: 24 x 40 mm label, 40 mm long\n"), text.npos) << text;
     EXPECT_NE(text.find("    Length: 10 - 1000 mm\n"), text.npos) << text;
-    EXPECT_NE(text.find("(default)\n", 20), text.npos) << text;
+    EXPECT_NE(text.find("        TC24: 24 mm tape (default)\n"), text.npos) << text;
+    EXPECT_NE(text.find("        TC18: 18 mm tape\n"), text.npos) << text;
+    EXPECT_NE(text.find("        Quality: Quality First (default)\n"), text.npos) << text;
+    EXPECT_NE(text.find("    Unit: mm\n"), text.npos) << text;
+    EXPECT_NE(factsAsText({facts("-inches")}).find("    Unit: in\n"), text.npos);
 }
 
 TEST(PrinterFacts, AreValidJSONWhateverIsInThem)
