@@ -120,9 +120,9 @@ dialog::PrinterFinder::Clock::time_point now()
         break;
     }
     // What has been said of the printer meanwhile stays.
-    if (!text.empty() ||
-        dialog::toString([[window_ messageField] stringValue]) == dialog::lookingForPrinters()) {
+    if (!text.empty() || dialog::toString([[window_ messageField] stringValue]) == hint_) {
         [window_ showMessage:dialog::toNSString(text) isFailure:NO];
+        hint_ = text;
     }
 }
 

@@ -39,6 +39,7 @@
     dialog::JobSender sender_;
     dialog::JobPhase phaseShown_; // by the window's controls
     std::string paperToOpen_;     // the tape that the printer being opened is to start with
+    std::string hint_;            // that was last shown on the search for printers
     BOOL isOpen_;                 // the current printer's PPD is there
     BOOL paperIsUnchecked_;
     BOOL hasActed_;

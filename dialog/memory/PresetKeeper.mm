@@ -8,11 +8,18 @@
 
 #include <cstdio>
 
+namespace {
+
+constexpr NSTimeInterval kAlertInterval = 0.1; // between looks whether an alert is gone
+
+} // namespace
+
 @interface PresetKeeper (Steps)
 - (void)fillPopUp;
 - (void)choosePreset:(id)sender;
 - (void)takeEntry:(NSNumber*)number;
 - (void)userDidSet:(NSNotification*)note;
+- (void)settleAfter:(NSTimeInterval)delay;
 - (void)settle;
 - (void)ask:(dialog::PresetAction)action;
 - (dialog::KeptValues)valuesNow;
@@ -110,13 +117,23 @@
 // A panel need not tell a number before it is asked for it.  Once a drag is over.
 - (void)userDidSet:(NSNotification*)note
 {
-    [NSObject cancelPreviousPerformRequestsWithTarget:self selector:@selector(settle) object:nil];
-    [self performSelector:@selector(settle) withObject:nil afterDelay:0];
+    [self settleAfter:0];
 }
 
-// Not while something is being typed: the panel would correct it half-way.
+- (void)settleAfter:(NSTimeInterval)delay
+{
+    [NSObject cancelPreviousPerformRequestsWithTarget:self selector:@selector(settle) object:nil];
+    [self performSelector:@selector(settle) withObject:nil afterDelay:delay];
+}
+
+// Not while something is being typed: the panel would correct it half-way.  Nor while it has an
+// alert up, for the same: it would alert again.
 - (void)settle
 {
+    if ([NSApp modalWindow] != nil) {
+        [self settleAfter:kAlertInterval];
+        return;
+    }
     if (isOpen_ && ![[[owner_ presetWindow] firstResponder] isKindOfClass:[NSText class]]) {
         [owner_ settlePresetValues];
         [self valuesMayHaveChanged];
