@@ -7,14 +7,19 @@
 #include <utility>
 #include <vector>
 
+// A view that knows what the controls inside of it are called.
+@protocol ControlNaming
+- (NSString*)nameOfControl:(NSView*)control; // nil for any other
+@end
+
 namespace dialog {
 
 using ControlNames = std::vector<std::pair<id, std::string_view>>;
 
 // Every control in a visible window of the program, a line each, in the order of the view tree:
 // name, left, top, width, height (screen pixels from the top left), enabled or disabled, on or off,
-// text.  A control that `names` does not know is named by its class; the cells of a matrix and the
-// items of an open menu are named "cell" and "item".
+// text.  A control that `names` does not know is named by a view around it, else by its class;
+// the cells of a matrix and the items of an open menu are named "cell" and "item".
 NSString* visibleControls(const ControlNames& names);
 
 } // namespace dialog

@@ -52,6 +52,14 @@ std::string Listing::nameOf(NSView* view) const
             return std::string(name);
         }
     }
+    for (NSView* around = [view superview]; around != nil; around = [around superview]) {
+        if ([around respondsToSelector:@selector(nameOfControl:)]) {
+            const std::string name = toString([(id<ControlNaming>)around nameOfControl:view]);
+            if (!name.empty()) {
+                return name;
+            }
+        }
+    }
     return toString(NSStringFromClass([view class]));
 }
 

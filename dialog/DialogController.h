@@ -7,10 +7,12 @@
 #include "dialog/Messages.hpp"
 #include "dialog/PanelHost.h"
 #include "dialog/PanelLoader.h"
+#include "dialog/Panes.hpp"
 #include "dialog/Printers.hpp"
 #include "dialog/background/JobSender.hpp"
 #include "dialog/background/PrinterFinder.hpp"
 #include "dialog/background/PrinterOpener.hpp"
+#include "dialog/features/FeaturesController.h"
 #include "dialog/memory/PresetKeeper.h"
 #include "dialog/preview/LabelPreview.h"
 
@@ -31,6 +33,8 @@
     DialogWindow* window_;
     PanelHost* host_;
     LoadedPanel* loaded_; // nil when there is no panel
+    FeaturesController* features_;
+    std::vector<dialog::Pane> panes_; // as the chooser lists them
     LabelPreview* preview_;
     PresetKeeper* presets_;
     NSTimer* listing_;

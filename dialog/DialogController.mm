@@ -18,12 +18,6 @@ namespace {
 constexpr NSTimeInterval kShownDelay = 0.4;
 constexpr NSTimeInterval kListingInterval = 0.1;
 
-enum Pane : NSInteger
-{
-    kPanelPane = 0,
-    kSummaryPane = 1
-};
-
 } // namespace
 
 @interface DialogController (Steps)
@@ -32,7 +26,8 @@ enum Pane : NSInteger
 - (void)closePanel;
 - (void)openPanel;
 - (void)fillTapes;
-- (void)showPane:(NSInteger)pane;
+- (void)showPane:(dialog::PaneKind)kind;
+- (dialog::PaneKind)paneShown;
 - (std::vector<dialog::SummaryLine>)summaryLines;
 - (void)windowWasShown:(id)ignored;
 - (void)takePicture;
@@ -64,6 +59,7 @@ enum Pane : NSInteger
     [self closePanel];
     [host_ setDelegate:nil];
     [host_ release];
+    [features_ release];
     [preview_ release];
     [presets_ release];
     [window_ release];
@@ -80,6 +76,7 @@ enum Pane : NSInteger
     // The server has time to answer while the window is made.
     [self beginLooking];
     window_ = [[DialogWindow alloc] initWithController:self];
+    features_ = [[FeaturesController alloc] initWithWindow:window_];
     [[window_ copiesField] setIntValue:line_.copies];
     [[window_ stepper] setMinValue:dialog::kMinCopies];
     [[window_ stepper] setMaxValue:dialog::kMaxCopies];
@@ -150,27 +147,32 @@ enum Pane : NSInteger
 {
     panelFailure_ = {};
     loaded_ = [[LoadedPanel panelFromBundle:line_.plugin host:host_ failure:panelFailure_] retain];
-    NSString* const name = [loaded_ name];
-    [window_ fill:[window_ chooser]
-             with:{name == nil ? std::string(dialog::tr("Page Settings")) : dialog::toString(name),
-                   dialog::tr("Summary")}];
-    [self showPane:kPanelPane];
-    if (loaded_ == nil) {
-        [self report:panelFailure_];
-        return;
+    [features_ openHost:host_ panel:loaded_];
+    panes_ = dialog::panesFor(dialog::toString([loaded_ name]), [features_ hasFeatures]);
+    std::vector<std::string> titles;
+    for (const dialog::Pane& pane : panes_) {
+        titles.push_back(pane.title);
     }
-    // The first show starts from the printer's defaults and saves them; what was wanted comes
-    // after.  Restoring also lets the panel take note of every choice for its summary.
-    [[loaded_ panel] willShow];
-    [host_ applyWanted];
-    NSError* error = nil;
-    [[loaded_ panel] restoreValuesAndReturnError:&error];
-    [preview_ showPanel:[loaded_ view] host:host_];
-    [presets_ panelDidOpen];
+    [window_ fill:[window_ chooser] with:titles];
+    [self showPane:dialog::PaneKind::Panel];
+    if (loaded_ != nil) {
+        // The first show starts from the printer's defaults and saves them; what was wanted comes
+        // after.  Restoring also lets the panel take note of every choice for its summary.
+        [[loaded_ panel] willShow];
+        [host_ applyWanted];
+        NSError* error = nil;
+        [[loaded_ panel] restoreValuesAndReturnError:&error];
+        [preview_ showPanel:[loaded_ view] host:host_];
+        [presets_ panelDidOpen];
+    } else {
+        [self report:panelFailure_];
+    }
+    [features_ start];
 }
 
 - (void)closePanel
 {
+    [features_ close];
     if (loaded_ == nil) {
         return;
     }
@@ -183,16 +185,36 @@ enum Pane : NSInteger
     loaded_ = nil;
 }
 
-- (void)showPane:(NSInteger)pane
+- (void)showPane:(dialog::PaneKind)kind
 {
-    [[window_ chooser] selectItemAtIndex:pane];
-    if (pane == kSummaryPane) {
-        [window_ showSummary:[self summaryLines] title:[[window_ chooser] itemTitleAtIndex:0]];
-    } else if (loaded_ != nil) {
-        [window_ showPanelView:[loaded_ view]];
-    } else {
-        [window_ showSentence:dialog::toNSString(panelFailure_.text)];
+    if (panes_.empty()) {
+        return;
     }
+    const std::size_t index = dialog::findPane(panes_, kind).value_or(0);
+    [[window_ chooser] selectItemAtIndex:static_cast<NSInteger>(index)];
+    switch (panes_[index].kind) {
+    case dialog::PaneKind::Summary:
+        [window_ showSummary:[self summaryLines] title:[[window_ chooser] itemTitleAtIndex:0]];
+        break;
+    case dialog::PaneKind::Features:
+        [window_ showView:[features_ viewOfSize:[window_ paneSize]]];
+        break;
+    case dialog::PaneKind::Panel:
+        if (loaded_ != nil) {
+            [window_ showPanelView:[loaded_ view]];
+        } else {
+            [window_ showSentence:dialog::toNSString(panelFailure_.text)];
+        }
+        break;
+    }
+}
+
+- (dialog::PaneKind)paneShown
+{
+    const NSInteger index = [[window_ chooser] indexOfSelectedItem];
+    return index >= 0 && static_cast<std::size_t>(index) < panes_.size()
+               ? panes_[static_cast<std::size_t>(index)].kind
+               : dialog::PaneKind::Panel;
 }
 
 - (std::vector<dialog::SummaryLine>)summaryLines
@@ -206,6 +228,7 @@ enum Pane : NSInteger
             lines.push_back({dialog::toString(title), dialog::toString(value)});
         }
     }
+    [features_ appendSummaryTo:lines];
     return lines;
 }
 
@@ -238,7 +261,7 @@ enum Pane : NSInteger
 
 - (void)reopenWith:(const dialog::Start&)start
 {
-    const NSInteger pane = [[window_ chooser] indexOfSelectedItem];
+    const dialog::PaneKind pane = [self paneShown];
     const dialog::PrinterEntry& printer = printers_[current_];
     [self closePanel];
     [host_ setDelegate:nil];
@@ -260,6 +283,20 @@ enum Pane : NSInteger
         [self report:failure];
     } else {
         [window_ showMessage:dialog::toNSString(failure.text) isFailure:NO];
+    }
+}
+
+- (void)optionDidChange:(const std::string&)keyword
+{
+    [features_ optionDidChange:keyword];
+    [presets_ valuesMayHaveChanged];
+}
+
+- (void)resolveConflict:(id)sender
+{
+    [features_ resolveConflict];
+    if ([self paneShown] == dialog::PaneKind::Summary) {
+        [self showPane:dialog::PaneKind::Summary];
     }
 }
 
@@ -293,20 +330,24 @@ enum Pane : NSInteger
     [[loaded_ panel] updateUI];
     [preview_ refresh];
     [presets_ valuesMayHaveChanged];
-    if ([[window_ chooser] indexOfSelectedItem] == kSummaryPane) {
-        [self showPane:kSummaryPane];
+    if ([self paneShown] == dialog::PaneKind::Summary) {
+        [self showPane:dialog::PaneKind::Summary];
     }
 }
 
 - (void)choosePane:(id)sender
 {
-    const NSInteger pane = [[window_ chooser] indexOfSelectedItem];
-    [[window_ window] makeFirstResponder:nil];
-    if (pane == kSummaryPane && loaded_ != nil && ![[loaded_ panel] shouldHide]) {
-        [[window_ chooser] selectItemAtIndex:kPanelPane];
+    const NSInteger index = [[window_ chooser] indexOfSelectedItem];
+    if (index < 0 || static_cast<std::size_t>(index) >= panes_.size()) {
         return;
     }
-    [self showPane:pane];
+    [[window_ window] makeFirstResponder:nil];
+    const dialog::PaneKind kind = panes_[static_cast<std::size_t>(index)].kind;
+    if (kind != dialog::PaneKind::Panel && loaded_ != nil && ![[loaded_ panel] shouldHide]) {
+        [[window_ chooser] selectItemAtIndex:0];
+        return;
+    }
+    [self showPane:kind];
 }
 
 - (void)stepCopies:(id)sender
@@ -376,6 +417,9 @@ enum Pane : NSInteger
             return dialog::panelHoldsJob();
         }
     }
+    if (dialog::Failure conflict = [features_ conflict]) {
+        return conflict;
+    }
     dialog::JobTicket ticket;
     ticket.printer = printers_[current_];
     ticket.document = document;
@@ -417,7 +461,7 @@ enum Pane : NSInteger
     }
     hasActed_ = YES;
     if (line_.showSummary) {
-        [self showPane:kSummaryPane];
+        [self showPane:dialog::PaneKind::Summary];
     }
     if (!line_.screenshot.empty()) {
         [self takePicture];

@@ -6,6 +6,7 @@
 
 #include "dialog/SummaryLines.hpp"
 #include "dialog/background/JobPhase.hpp"
+#include "dialog/features/ConflictBar.h"
 
 #include <AppKit/AppKit.h>
 
@@ -20,6 +21,7 @@
 - (void)stepCopies:(id)sender;
 - (void)cancelDialog:(id)sender;
 - (void)printDialog:(id)sender;
+- (void)resolveConflict:(id)sender;
 @end
 
 @class ListKeepingWindow;
@@ -41,6 +43,7 @@
     NSTextField* message_;
     NSProgressIndicator* progress_;
     NSBox* box_;
+    ConflictBar* conflict_; // hidden while there is none
     NSButton* cancel_;
     NSButton* print_;
     NSView* pane_; // what is shown in the middle; owned
@@ -69,6 +72,11 @@
 // These take the room there is.
 - (void)showSummary:(const std::vector<dialog::SummaryLine>&)lines title:(NSString*)title;
 - (void)showSentence:(NSString*)sentence;
+- (void)showView:(NSView*)view;
+- (NSSize)paneSize; // the room there is
+
+// A line below the box; nil takes it away.  An empty remedy leaves out the button.
+- (void)showConflict:(NSString*)sentence remedy:(NSString*)title;
 
 // Beside the pane, from then on.
 - (void)showPreview:(LabelPreview*)preview;

@@ -2,6 +2,7 @@
 
 #include "dialog/ControlList.h"
 #include "dialog/Layout.hpp"
+#include "dialog/PopUp.h"
 #include "dialog/SummaryView.h"
 #include "dialog/Text.h"
 #include "dialog/longlist/LongPopUp.h"
@@ -121,6 +122,7 @@ NSPopUpButton* openPopUpIn(NSView* view)
 
 @interface DialogWindow (Placing)
 - (void)place;
+- (double)conflictHeight;
 - (void)setPane:(NSView*)view;
 @end
 
@@ -164,6 +166,9 @@ NSPopUpButton* openPopUpIn(NSView* view)
     [box_ setTitlePosition:NSNoTitle];
     [box_ setBorderType:NSGrooveBorder];
 
+    conflict_ = [[ConflictBar alloc] initWithTarget:controller action:@selector(resolveConflict:)];
+    [conflict_ setHidden:YES];
+
     message_ = makeLabel(@"", NSLeftTextAlignment);
     [message_ setFont:[NSFont systemFontOfSize:11]];
     [[message_ cell] setWraps:YES];
@@ -178,7 +183,7 @@ NSPopUpButton* openPopUpIn(NSView* view)
     NSView* const content = [window_ contentView];
     for (NSView* view in @[
              printerLabel_, printer_, tapeLabel_, tape_, presetsLabel_, presets_, copiesLabel_,
-             copies_, stepper_, chooser_, box_, message_, progress_, cancel_, print_
+             copies_, stepper_, chooser_, box_, conflict_, message_, progress_, cancel_, print_
          ]) {
         [content addSubview:view];
     }
@@ -195,7 +200,7 @@ NSPopUpButton* openPopUpIn(NSView* view)
     [pane_ removeFromSuperview];
     for (NSView* view in @[
              printerLabel_, printer_, tapeLabel_, tape_, presetsLabel_, presets_, copiesLabel_,
-             copies_, stepper_, chooser_, box_, message_, progress_, cancel_, print_
+             copies_, stepper_, chooser_, box_, conflict_, message_, progress_, cancel_, print_
          ]) {
         [view release];
     }
@@ -251,35 +256,9 @@ NSPopUpButton* openPopUpIn(NSView* view)
     return print_;
 }
 
-// Through the menu itself: the pop-up's own way of adding drops an earlier item of the same title
-// and looks for it each time.
 - (void)fill:(NSPopUpButton*)popUp with:(const std::vector<std::string>&)titles
 {
-    if ([popUp isKindOfClass:[LongPopUp class]]) {
-        LongPopUp* const longOne = (LongPopUp*)popUp;
-        if (titles.size() > dialog::kMostMenuItems) {
-            [longOne showLong:titles];
-            [longOne setEnabled:YES];
-            return;
-        }
-        [longOne showShort];
-    }
-    [popUp removeAllItems];
-    NSMenu* const menu = [popUp menu];
-    [menu setMenuChangedMessagesEnabled:NO];
-    for (const std::string& title : titles) {
-        NSMenuItem* const item = [[NSMenuItem alloc] initWithTitle:dialog::toNSString(title)
-                                                            action:NULL
-                                                     keyEquivalent:@""];
-        [item setEnabled:YES];
-        [menu addItem:item];
-        [item release];
-    }
-    [menu setMenuChangedMessagesEnabled:YES];
-    [popUp setEnabled:!titles.empty()];
-    if (!titles.empty()) {
-        [popUp selectItemAtIndex:0];
-    }
+    dialog::fillPopUp(popUp, titles);
 }
 
 - (void)showPanelView:(NSView*)view
@@ -319,6 +298,31 @@ NSPopUpButton* openPopUpIn(NSView* view)
     [self place];
 }
 
+- (void)showView:(NSView*)view
+{
+    [self setPane:view];
+    [self place];
+}
+
+- (NSSize)paneSize
+{
+    return paneSize_;
+}
+
+- (void)showConflict:(NSString*)sentence remedy:(NSString*)title
+{
+    if (sentence == nil && [conflict_ isHidden]) {
+        return;
+    }
+    if (sentence == nil && [[window_ firstResponder] isKindOfClass:[NSView class]] &&
+        [(NSView*)[window_ firstResponder] isDescendantOf:conflict_]) {
+        [window_ makeFirstResponder:chooser_];
+    }
+    [conflict_ setHidden:sentence == nil];
+    [conflict_ showSentence:sentence == nil ? @"" : sentence remedy:title];
+    [self place];
+}
+
 - (void)setPane:(NSView*)view
 {
     if (view == pane_) {
@@ -330,10 +334,20 @@ NSPopUpButton* openPopUpIn(NSView* view)
     [[window_ contentView] addSubview:pane_];
 }
 
+- (double)conflictHeight
+{
+    return [conflict_ isHidden]
+               ? 0
+               : [conflict_
+                     heightForWidth:dialog::conflictWidth({static_cast<double>(paneSize_.width),
+                                                           static_cast<double>(paneSize_.height)})];
+}
+
 - (void)place
 {
     const dialog::WindowLayout layout = dialog::layOut(
-        {static_cast<double>(paneSize_.width), static_cast<double>(paneSize_.height)});
+        {static_cast<double>(paneSize_.width), static_cast<double>(paneSize_.height)},
+        [self conflictHeight]);
     const NSRect content = NSMakeRect(0, 0, layout.content.width, layout.content.height);
     const NSRect now = [window_ frame];
     NSRect frame = [NSWindow frameRectForContentRect:content styleMask:[window_ styleMask]];
@@ -353,6 +367,7 @@ NSPopUpButton* openPopUpIn(NSView* view)
     [chooser_ setFrame:toRect(layout.chooser)];
     [box_ setFrame:toRect(layout.box)];
     [[preview_ view] setFrame:toRect(layout.preview)];
+    [conflict_ setFrame:toRect(layout.conflict)];
     [message_ setFrame:toRect(layout.message)];
     [progress_ setFrame:toRect(layout.progress)];
     [cancel_ setFrame:toRect(layout.cancel)];
@@ -453,6 +468,8 @@ NSPopUpButton* openPopUpIn(NSView* view)
                                     {copies_, "Copies"},
                                     {stepper_, "Copies Stepper"},
                                     {chooser_, "Pane"},
+                                    {[conflict_ sentenceField], "Conflict"},
+                                    {[conflict_ remedyButton], "Resolve"},
                                     {message_, "Message"},
                                     {progress_, "Progress"},
                                     {[preview_ pictureControl], "Label Picture"},

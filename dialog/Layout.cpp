@@ -34,7 +34,7 @@ Frame labelBeside(double y) noexcept
 
 } // namespace
 
-WindowLayout layOut(Size pane) noexcept
+WindowLayout layOut(Size pane, double conflictHeight) noexcept
 {
     const Size inner{std::max(pane.width, kMinPaneWidth), std::max(pane.height, kMinPaneHeight)};
     const double boxWidth = inner.width + 2 * kBoxInset;
@@ -54,6 +54,10 @@ WindowLayout layOut(Size pane) noexcept
     layout.progress = {kEdge, y, right - kEdge, kProgressHeight};
 
     y += kMessageHeight + kMessageGap;
+    if (conflictHeight > 0) {
+        layout.conflict = {kEdge, y, right - kEdge, conflictHeight};
+        y += conflictHeight + kRowGap;
+    }
     layout.box = {kEdge, y, boxWidth, boxHeight};
     layout.preview = {kEdge + boxWidth + kPreviewGap, y, kPreviewWidth, boxHeight};
     // A pane smaller than the room sits at the top left, where the eye begins.
@@ -82,6 +86,11 @@ WindowLayout layOut(Size pane) noexcept
 
     layout.content.height = y + kRow + kEdge;
     return layout;
+}
+
+double conflictWidth(Size pane) noexcept
+{
+    return layOut(pane).message.width;
 }
 
 } // namespace dialog

@@ -30,15 +30,20 @@ struct WindowLayout
     Frame presetsLabel, presetsPopUp;
     Frame copiesLabel, copiesField, copiesStepper;
     Frame chooser;
-    Frame box;     // the frame around the pane
-    Frame pane;    // the panel's view or the summary, inside the content
-    Frame preview; // the label, at the right of the box and as high
+    Frame box;      // the frame around the pane
+    Frame pane;     // the panel's view or the summary, inside the content
+    Frame preview;  // the label, at the right of the box and as high
+    Frame conflict; // empty unless one is to be said
     Frame message;
     Frame progress; // below a message of one line, in the same room
     Frame cancel, print;
 };
 
 // `pane` is the size the panel's view asks for; the window is never narrower than its own rows.
-WindowLayout layOut(Size pane) noexcept;
+// `conflictHeight` is that of the line about choices that do not go together, 0 without one.
+WindowLayout layOut(Size pane, double conflictHeight = 0) noexcept;
+
+// The width of that line.
+double conflictWidth(Size pane) noexcept;
 
 } // namespace dialog

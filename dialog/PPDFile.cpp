@@ -2,6 +2,7 @@
 
 #include "dialog/PPDSizes.hpp"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <utility>
@@ -65,18 +66,6 @@ bool customSizeIsALength(ppd_file_t* record) noexcept
     return true;
 }
 
-// Every option is offered as one to pick one choice of.  A mark is then taken from the others, also
-// where the PPD would have them side by side.
-void pickOne(ppd_file_t* record) noexcept
-{
-    for (ppd_option_t* option = ppdFirstOption(record); option != nullptr;
-         option = ppdNextOption(record)) {
-        if (option->ui == PPD_UI_PICKMANY) {
-            option->ui = PPD_UI_PICKONE;
-        }
-    }
-}
-
 const ppd_choice_t* findChoice(const ppd_option_t& option, const std::string& keyword) noexcept
 {
     for (int i = 0; i < option.num_choices; ++i) {
@@ -85,6 +74,40 @@ const ppd_choice_t* findChoice(const ppd_option_t& option, const std::string& ke
         }
     }
     return nullptr;
+}
+
+// libcups adds a mark to such an option and never takes one away.  So its own mark, which a panel
+// reads back, is moved to the first of the choices as if there were one to pick, and the others are
+// set beside it.
+bool markSeveral(ppd_file_t* record, ppd_option_t& option, std::string_view choices)
+{
+    std::vector<bool> wanted(static_cast<std::size_t>(option.num_choices));
+    const bool isListed = findChoice(option, std::string(choices)) != nullptr;
+    if (isListed || choices != "None") {
+        while (true) {
+            const std::size_t comma = choices.find(',');
+            const ppd_choice_t* const choice =
+                findChoice(option, std::string(choices.substr(0, comma)));
+            if (choice == nullptr) {
+                return false;
+            }
+            wanted[static_cast<std::size_t>(choice - option.choices)] = true;
+            if (comma == std::string_view::npos) {
+                break;
+            }
+            choices.remove_prefix(comma + 1);
+        }
+    }
+    const auto first = std::find(wanted.begin(), wanted.end(), true);
+    if (first != wanted.end()) {
+        option.ui = PPD_UI_PICKONE;
+        ppdMarkOption(record, option.keyword, option.choices[first - wanted.begin()].choice);
+        option.ui = PPD_UI_PICKMANY;
+    }
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        option.choices[i].marked = wanted[i] ? 1 : 0;
+    }
+    return true;
 }
 
 } // namespace
@@ -142,7 +165,6 @@ PPDFile PPDFile::fromBytes(std::string_view name, std::string_view bytes, Failur
         failure = ppdDamaged(name, 0, {});
         return {};
     }
-    pickOne(file.record_);
     ppdMarkDefaults(file.record_);
     file.name_ = name;
     file.bytes_ = bytes;
@@ -192,7 +214,10 @@ bool PPDFile::mark(const std::string& keyword, const std::string& choice)
     if (record_ == nullptr) {
         return false;
     }
-    const ppd_option_t* const option = ppdFindOption(record_, keyword.c_str());
+    ppd_option_t* const option = ppdFindOption(record_, keyword.c_str());
+    if (option != nullptr && option->ui == PPD_UI_PICKMANY) {
+        return markSeveral(record_, *option, choice);
+    }
     if (option == nullptr || findChoice(*option, choice) == nullptr) {
         return false;
     }
@@ -205,6 +230,19 @@ std::string PPDFile::marked(const std::string& keyword) const
     const ppd_choice_t* const choice =
         record_ == nullptr ? nullptr : ppdFindMarkedChoice(record_, keyword.c_str());
     return choice == nullptr ? std::string() : std::string(choice->choice);
+}
+
+std::vector<std::string> PPDFile::markedChoices(const std::string& keyword) const
+{
+    std::vector<std::string> choices;
+    const ppd_option_t* const option =
+        record_ == nullptr ? nullptr : ppdFindOption(record_, keyword.c_str());
+    for (int i = 0; option != nullptr && i < option->num_choices; ++i) {
+        if (option->choices[i].marked != 0) {
+            choices.emplace_back(option->choices[i].choice);
+        }
+    }
+    return choices;
 }
 
 bool PPDFile::setDefault(const std::string& keyword, std::string_view choice)

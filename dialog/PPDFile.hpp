@@ -34,10 +34,13 @@ class PPDFile
     // nullptr when there is no PPD.
     ppd_file_t* record() const noexcept { return record_; }
 
-    // Marks a choice that the PPD lists; false, and nothing marked, for any other.
+    // Marks a choice that the PPD lists; false, and nothing marked, for any other.  For an option
+    // that takes several: exactly these, with commas between them, or None.
     bool mark(const std::string& keyword, const std::string& choice);
     // The marked choice; empty when there is none.
     std::string marked(const std::string& keyword) const;
+    // All of them, for options that take several.
+    std::vector<std::string> markedChoices(const std::string& keyword) const;
 
     // Makes `choice` the option's default in this record alone; false without such an option or
     // when the record has no room for the text.

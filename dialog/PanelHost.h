@@ -19,6 +19,8 @@
 - (void)panelViewDidResize;
 // The panel has chosen something; options has it already.
 - (void)panelDidTellOption;
+// Another choice of the option is marked in the PPD.
+- (void)optionDidChange:(const std::string&)keyword;
 @end
 
 namespace dialog {
@@ -48,6 +50,9 @@ struct HostState;
 // The wanted choices that the PPD lists, and options it does not know, after the panel's first
 // show, which starts from the defaults.
 - (void)applyWanted;
+
+// A choice made in the dialog goes into the PPD record and the job.
+- (void)chooseOption:(const std::string&)keyword choice:(const std::string&)choice;
 
 // NO when the PPD has no such tape.
 - (BOOL)choosePaper:(const std::string&)paper;

@@ -114,9 +114,21 @@ void HostState::takeWantedLengths()
     dialog::applyWanted(state_->wanted, state_->ppd, state_->options);
 }
 
+- (void)chooseOption:(const std::string&)keyword choice:(const std::string&)choice
+{
+    const std::vector<std::string> before = state_->ppd.markedChoices(keyword);
+    state_->ppd.mark(keyword, choice);
+    state_->options.set(keyword, choice);
+    if (state_->ppd.markedChoices(keyword) != before) {
+        [delegate_ optionDidChange:keyword];
+    }
+}
+
 - (BOOL)choosePaper:(const std::string&)paper
 {
-    return state_->setPaper(paper);
+    const BOOL chosen = state_->setPaper(paper);
+    [delegate_ optionDidChange:"PageSize"];
+    return chosen;
 }
 
 - (PMPrintSession)printSession
@@ -153,8 +165,7 @@ void HostState::takeWantedLengths()
     if (keyword.empty() || value.empty()) {
         return;
     }
-    state_->ppd.mark(keyword, value);
-    state_->options.set(keyword, value);
+    [self chooseOption:keyword choice:value];
     [delegate_ panelDidTellOption];
 }
 

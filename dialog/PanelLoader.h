@@ -32,6 +32,9 @@
 - (NSView*)view;
 - (NSString*)name;
 
+// Whether the panel asked to hear of the option.
+- (BOOL)wantsOption:(NSString*)key;
+
 // A choice made elsewhere in the dialog; the panel hears of the options it asked for alone.
 - (void)optionDidChange:(NSString*)key choice:(NSString*)choice;
 

@@ -122,9 +122,14 @@
     return name_;
 }
 
+- (BOOL)wantsOption:(NSString*)key
+{
+    return [keys_ containsObject:key];
+}
+
 - (void)optionDidChange:(NSString*)key choice:(NSString*)choice
 {
-    if ([keys_ containsObject:key]) {
+    if ([self wantsOption:key]) {
         [panel_ PPDOptionKeyValueDidChange:key ppdChoice:choice];
     }
 }

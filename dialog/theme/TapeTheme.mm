@@ -468,7 +468,9 @@ using dialog::Role;
         [(NSButtonCell*)cell setImagePosition:NSNoImage];
     }
     const BOOL enabled = [cell isEnabled];
-    const BOOL pressed = [cell isHighlighted] || [cell state] == NSOnState;
+    const BOOL staysPressed = [cell isKindOfClass:[NSButtonCell class]] &&
+                              [(NSButtonCell*)cell showsStateBy] != NSNoCellMask;
+    const BOOL pressed = [cell isHighlighted] || (staysPressed && [cell state] == NSOnState);
     const BOOL filled = enabled && dialog::isDefaultButton(cell);
     Role fill = pressed ? Role::ButtonPressed : Role::Button;
     Role line = Role::Border;

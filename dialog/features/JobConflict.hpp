@@ -1,0 +1,17 @@
+// JobConflict.hpp - whether the choices of a job may go to the printer together.
+//
+//     if (const Failure failure = jobConflict(ppd)) ...
+//
+// For the window and for jobs without one.  Plain C++.
+#pragma once
+
+#include "dialog/Messages.hpp"
+#include "dialog/PPDFile.hpp"
+
+namespace dialog {
+
+// Of the choices marked in the PPD.  A conflict that no choice of a user could end (between what
+// the printer is equipped with) does not hold a job back.
+Failure jobConflict(const PPDFile& ppd);
+
+} // namespace dialog
