@@ -1,5 +1,8 @@
 #include "dialog/JobOptions.hpp"
 
+#include "dialog/Messages.hpp"
+#include "dialog/UTF8.hpp"
+
 #include <algorithm>
 
 namespace dialog {
@@ -90,8 +93,10 @@ std::string optionLines(const std::vector<JobOption>& options)
 
 std::string jobTitle(std::string_view title, std::string_view document)
 {
+    // A longer name, one with a line break or in another encoding a print server calls "Untitled".
+    constexpr std::size_t kMost = 252;
     if (!title.empty()) {
-        return std::string(title);
+        return shown(asUTF8(title), kMost);
     }
     const std::size_t end = document.find_last_not_of('/');
     if (end == std::string_view::npos) {
@@ -99,7 +104,7 @@ std::string jobTitle(std::string_view title, std::string_view document)
     }
     const std::string_view path = document.substr(0, end + 1);
     const std::size_t slash = path.rfind('/');
-    return std::string(slash == std::string_view::npos ? path : path.substr(slash + 1));
+    return shown(asUTF8(slash == std::string_view::npos ? path : path.substr(slash + 1)), kMost);
 }
 
 } // namespace dialog

@@ -46,6 +46,7 @@ std::vector<JobOption> optionsToSend(const JobOptions& chosen, std::string_view 
 std::string optionLines(const std::vector<JobOption>& options);
 
 // The title of the job: `title` where there is one, else the document's name without its folder.
+// At most 255 bytes, cut between characters, with control characters as blanks.
 std::string jobTitle(std::string_view title, std::string_view document);
 
 } // namespace dialog

@@ -24,7 +24,8 @@ namespace {
 
 // A server that takes a document writes to its disk now and then.
 constexpr std::chrono::milliseconds kSendingSilence{30000};
-// A job that is being made is better waited for: nobody could cancel it without its number.
+// A job whose document has all gone is better waited for: nobody could cancel it without its
+// number.
 constexpr std::chrono::milliseconds kCreatingSilence{3000};
 
 struct DeleteMessage
@@ -141,25 +142,34 @@ std::string queueResource(std::string_view queue)
     return path;
 }
 
-// 0 when the server did not take it; cupsLastErrorString() says why.  The library's own call would
-// also ask on a connection that waits for ever.
-int createJob(http_t* connection, const std::string& queue, const std::string& title,
-              const OptionArray& options)
+// The job with its document in one request, of which the server makes a job only once it has all of
+// it: whatever breaks on the way leaves none behind.
+Message jobRequest(const std::string& queue, const std::string& title,
+                   const std::string& documentName, const OptionArray& options)
 {
     char uri[HTTP_MAX_URI];
     httpAssembleURIf(HTTP_URI_CODING_ALL, uri, sizeof uri, "ipp", nullptr, "localhost", 0,
                      "/printers/%s", queue.c_str());
-    Message request(ippNewRequest(IPP_OP_CREATE_JOB));
+    Message request(ippNewRequest(IPP_OP_PRINT_JOB));
     ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri);
     ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
                  cupsUser());
     ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr,
                  title.c_str());
+    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "document-name", nullptr,
+                 documentName.c_str());
+    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_MIMETYPE, "document-format", nullptr,
+                 CUPS_FORMAT_AUTO);
     for (const ipp_tag_t group : {IPP_TAG_OPERATION, IPP_TAG_JOB, IPP_TAG_SUBSCRIPTION}) {
         cupsEncodeOptions2(request.get(), options.count(), options.get(), group);
     }
-    const Message response(
-        cupsDoRequest(connection, request.release(), queueResource(queue).c_str()));
+    return request;
+}
+
+// Its number at the server; 0 when it made no job.
+int numberOfNewJob(http_t* connection, const std::string& resource)
+{
+    const Message response(cupsGetResponse(connection, resource.c_str()));
     if (!response || cupsLastError() > IPP_STATUS_OK_CONFLICTING) {
         return 0;
     }
@@ -323,15 +333,11 @@ SentJob sendJob(const std::string& queue, const std::string& title,
         for (const JobOption& option : options) {
             array.add(option);
         }
-        connection.alive(ServerConnection::kSilence, kCreatingSilence);
-        job = createJob(connection.get(), queue, title, array);
-        if (job == 0) {
-            sent.failure = jobRefused(queue, lastReason());
-            return stopped(std::move(sent), cancellation);
-        }
+        const std::string resource = queueResource(queue);
+        const Message request = jobRequest(queue, title, documentName, array);
         connection.alive(kSendingSilence);
-        http_status_t status = cupsStartDocument(connection.get(), queue.c_str(), job,
-                                                 documentName.c_str(), CUPS_FORMAT_AUTO, 1);
+        http_status_t status = cupsSendRequest(connection.get(), request.get(), resource.c_str(),
+                                               CUPS_LENGTH_VARIABLE);
         char buffer[65536];
         while (status == HTTP_STATUS_CONTINUE && !isCancelled(cancellation)) {
             const std::size_t got = std::fread(buffer, 1, sizeof buffer, document.get());
@@ -345,19 +351,21 @@ SentJob sendJob(const std::string& queue, const std::string& title,
                 progress->sent += got;
             }
         }
-        // A document that is not whole is not finished either: the server would begin to print it.
+        // Asking for the answer ends the document: not when it is not whole.
         if (readable && status == HTTP_STATUS_CONTINUE && !isCancelled(cancellation)) {
-            if (cupsFinishDocument(connection.get(), queue.c_str()) <= IPP_STATUS_OK_CONFLICTING) {
-                sent.id = job;
-                return sent;
-            }
+            connection.alive(kSendingSilence, kCreatingSilence);
+            job = numberOfNewJob(connection.get(), resource);
+        }
+        if (job != 0 && !isCancelled(cancellation)) {
+            sent.id = job;
+            return sent;
         }
         sent.failure = readable ? jobRefused(queue, lastReason())
                                 : documentNotReadable(documentPath, "reading stopped early");
     }
     sent = stopped(std::move(sent), cancellation);
-    if (const Failure kept = cancelJob(queue, job); kept && sent.cancelled) {
-        sent.failure = kept;
+    if (job != 0) {
+        sent.failure = cancelJob(queue, job);
     }
     return sent;
 }

@@ -8,6 +8,7 @@
 #include "dialog/Messages.hpp"
 #include "dialog/OwnPasteboard.h"
 #include "dialog/Places.hpp"
+#include "dialog/ProcessStart.h"
 #include "dialog/Translate.hpp"
 #include "dialog/language/Language.hpp"
 #include "dialog/language/SpeakLanguage.h"
@@ -52,10 +53,8 @@ const dialog::Language& wantedLanguage()
         {variable("LANGUAGE"), variable("LC_ALL"), variable("LC_MESSAGES"), variable("LANG")});
 }
 
-void setUpToolkit(char** argv, char** environment, const dialog::Language& language)
+void setUpToolkit(const dialog::Language& language)
 {
-    // The toolkit takes every plain word for a file to open and every -word for a default.
-    [NSProcessInfo initializeWithArguments:argv count:1 environment:environment];
     [[NSUserDefaults standardUserDefaults] registerDefaults:@{@"GSSuppressAppIcon" : @"YES"}];
     dialog::speak(language);
 }
@@ -110,8 +109,9 @@ int main(int argc, char** argv, char** environment)
         return statusNumber(dialog::endOfAnswer(dialog::ExitStatus::Printed));
     }
 
+    dialog::beginToolkit(environment);
     NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
-    setUpToolkit(argv, environment, language);
+    setUpToolkit(language);
     if (dialog::taskOf(line) != dialog::Task::Window) {
         const dialog::ExitStatus answered = runWithoutWindow(line);
         [pool drain];

@@ -72,6 +72,19 @@ TEST(JobTitle, IsTheGivenOneElseTheDocumentsNameWithoutItsFolder)
     EXPECT_EQ(jobTitle("", "///"), "Label");
 }
 
+TEST(JobTitle, IsNoLongerThanAServerTakesAndHasNoLineBreaks)
+{
+    EXPECT_EQ(jobTitle("a\nb\tc", ""), "a b c");
+    EXPECT_EQ(jobTitle("", "/x/a\rb.png"), "a b.png");
+    EXPECT_EQ(jobTitle("", "/x/l\xE4"
+                           "bel.png"),
+              "l\u00e4bel.png");
+    EXPECT_EQ(jobTitle(std::string(252, 'x'), ""), std::string(252, 'x'));
+    EXPECT_EQ(jobTitle(std::string(300, 'x'), ""), std::string(252, 'x') + "...");
+    // 251 bytes and the two of one letter: no half of it.
+    EXPECT_EQ(jobTitle(std::string(251, 'x') + "\u00e9\u00e9", ""), std::string(251, 'x') + "...");
+}
+
 TEST(SummaryText, IsALineForEachTitle)
 {
     EXPECT_EQ(summaryText({{"Tape Length", "62.5mm"}, {"A\nB", "c\rd"}}),

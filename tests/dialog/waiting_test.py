@@ -231,7 +231,7 @@ def a_long_send_shows_how_far_it_is_and_can_be_cancelled():
         server.mode = "pass"
         dialog.press(button(dialog, "Print", "Print"))
         dialog.end(0)
-        job = arrived(2)
+        job = arrived(1)
         equal(len(job["document"]), 6 * (4 << 20), "bytes of the document sent at last")
 
 
