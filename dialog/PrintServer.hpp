@@ -55,7 +55,8 @@ struct SentJob
     Failure failure; // of a cancelled job: it could not be taken back from the server
 };
 
-// Sends job and document as one: what breaks on the way, here or there, leaves no job on the server.
+// Sends job and document as one: what breaks on the way, here or there, leaves no job on the
+// server.
 SentJob sendJob(const std::string& queue, const std::string& title,
                 const std::vector<JobOption>& options, const std::string& documentPath,
                 const std::string& documentName, Cancellation* cancellation = nullptr,
