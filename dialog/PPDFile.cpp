@@ -110,7 +110,30 @@ bool markSeveral(ppd_file_t* record, ppd_option_t& option, std::string_view choi
     return true;
 }
 
+bool lists(const ppd_option_t& option, std::string_view choice) noexcept
+{
+    return std::any_of(option.choices, option.choices + option.num_choices,
+                       [&](const ppd_choice_t& listed) { return listed.choice == choice; });
+}
+
 } // namespace
+
+bool offers(const ppd_option_t* option, std::string_view choice) noexcept
+{
+    if (option == nullptr || choice.empty()) {
+        return false;
+    }
+    if (option->ui != PPD_UI_PICKMANY) {
+        return lists(*option, choice);
+    }
+    bool all = true;
+    for (std::size_t start = 0; all && start <= choice.size();) {
+        const std::size_t comma = std::min(choice.find(',', start), choice.size());
+        all = lists(*option, choice.substr(start, comma - start));
+        start = comma + 1;
+    }
+    return all || choice == "None";
+}
 
 PPDFile::~PPDFile()
 {

@@ -64,4 +64,8 @@ class PPDFile
     std::string bytes_;
 };
 
+// Whether the option lists the choice; one that takes several has them with commas between, or
+// None.  Nothing is offered where there is no option.
+bool offers(const ppd_option_t* option, std::string_view choice) noexcept;
+
 } // namespace dialog

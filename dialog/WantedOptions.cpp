@@ -13,12 +13,6 @@ const ppd_option_t* optionOf(const PPDFile& ppd, const std::string& keyword) noe
     return ppd.record() == nullptr ? nullptr : ppdFindOption(ppd.record(), keyword.c_str());
 }
 
-bool lists(const ppd_option_t& option, std::string_view choice) noexcept
-{
-    return std::any_of(option.choices, option.choices + option.num_choices,
-                       [&](const ppd_choice_t& listed) { return listed.choice == choice; });
-}
-
 } // namespace
 
 void applyWanted(const WantedOptions& wanted, PPDFile& ppd, JobOptions& options)
@@ -39,7 +33,7 @@ const std::pair<std::string, std::string>* unknownChoice(const WantedOptions& wa
         const ppd_option_t* const option = optionOf(ppd, keyword);
         const bool fits = keyword == kTapeLengthOption ? parseMillimetres(choice).has_value()
                           : keyword == kMarginOption   ? parseMargin(choice).has_value()
-                                                     : option == nullptr || lists(*option, choice);
+                                                     : option == nullptr || offers(option, choice);
         if (!fits) {
             return &entry;
         }

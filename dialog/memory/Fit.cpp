@@ -25,30 +25,6 @@ const ppd_option_t* findOption(const PPDFile& ppd, const std::string& keyword)
     return ppd.record() == nullptr ? nullptr : ppdFindOption(ppd.record(), keyword.c_str());
 }
 
-bool lists(const ppd_option_t& option, std::string_view choice)
-{
-    return std::any_of(option.choices, option.choices + option.num_choices,
-                       [&](const ppd_choice_t& other) { return choice == other.choice; });
-}
-
-// An option that takes several has them with commas between, or None.
-bool offers(const ppd_option_t* option, std::string_view choice)
-{
-    if (option == nullptr || choice.empty()) {
-        return false;
-    }
-    if (option->ui != PPD_UI_PICKMANY) {
-        return lists(*option, choice);
-    }
-    bool all = true;
-    for (std::size_t start = 0; all && start <= choice.size();) {
-        const std::size_t comma = std::min(choice.find(',', start), choice.size());
-        all = lists(*option, choice.substr(start, comma - start));
-        start = comma + 1;
-    }
-    return all || choice == "None";
-}
-
 std::string titleOf(const PPDFile& ppd, const std::string& keyword)
 {
     const ppd_option_t* const option = findOption(ppd, keyword);

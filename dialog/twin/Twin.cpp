@@ -8,6 +8,7 @@
 #include "dialog/Translate.hpp"
 #include "dialog/background/JobSender.hpp"
 #include "dialog/background/PrinterOpener.hpp"
+#include "dialog/features/JobConflict.hpp"
 #include "dialog/twin/LpCommand.hpp"
 #include "dialog/twin/PanelSettings.hpp"
 #include "dialog/twin/PrinterFacts.hpp"
@@ -128,7 +129,7 @@ Failure makePlan(const CommandLine& line, const Document& document, Plan& plan)
     plan.options = optionsToSend(
         plan.settings.options, pageSizeToSend(ppd, plan.paper, plan.settings.options), line.copies);
     plan.title = jobTitle(line.title, document.name());
-    return {};
+    return jobConflict(ppd, line.wanted);
 }
 
 void sayAdjustments(const PanelSettings& settings, PanelLook& panel)

@@ -281,6 +281,32 @@ TEST(JobConflict, HoldsAJobBackWithTheSentence)
     EXPECT_FALSE(jobConflict(PPDFile()));
 }
 
+TEST(JobConflict, NamesAWayOutThatLeavesWhatWasAskedForLast)
+{
+    Situation now(kOptions + "*UIConstraints: *A A2 *B B2\n", {});
+    const std::string sentence = "Not printed: The A \"(A2)\" does not go with The B \"(B2)\".";
+    EXPECT_FALSE(jobConflict(now.ppd, {{"A", "A2"}})); // what is marked counts alone
+    now.ppd.mark("A", "A2");
+    now.ppd.mark("B", "B2");
+    const auto said = [&](const WantedOptions& wanted) {
+        const Failure failure = jobConflict(now.ppd, wanted);
+        EXPECT_EQ(failure.status, ExitStatus::NoChoice);
+        return failure.text;
+    };
+    EXPECT_EQ(said({{"A", "A2"}, {"B", "B2"}}), sentence + " A way out: --set A=A1");
+    EXPECT_EQ(said({{"B", "B2"}, {"A", "A2"}}), sentence + " A way out: --set B=B1");
+    EXPECT_EQ(said({{"A", "A2"}, {"C", "C2"}}), sentence + " A way out: --set B=B1");
+}
+
+TEST(JobConflict, SaysNoMoreThanTheConflictWhereItKnowsNoWayOut)
+{
+    Situation now(optionText("A", {"A1", "A2"}) + "*UIConstraints: *A A1 *PageSize T6\n"
+                                                  "*UIConstraints: *A A2 *PageSize T6\n",
+                  {{"PageSize", "T6"}});
+    EXPECT_EQ(jobConflict(now.ppd, {}).text,
+              "Not printed: The A \"(A1)\" does not go with Tape \"6 mm\".");
+}
+
 TEST(JobConflict, LetsAJobPassThatOnlyTheEquipmentSpeaksAgainst)
 {
     const Situation fitted("*OpenGroup: InstallableOptions/Equipment\n" +

@@ -4,11 +4,12 @@ keys.  Runs on the display it finds, like dialog_test.py."""
 
 import os
 import sys
+import tempfile
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 from dialog_test import NO_SERVER, PROGRAM, TESTS, ppd, sample, test  # noqa: E402
-from drive import Failed, check, equal, nudge, run_once, wait_for, xdotool  # noqa: E402
+from drive import Failed, check, equal, nudge, options_of, run_once, wait_for, xdotool  # noqa: E402
 
 
 def feature(keyword):
@@ -183,6 +184,27 @@ def a_conflict_of_a_script_ends_with_its_sentence_and_status():
     sentence = ('Not printed: Chain printing "Yes" does not go with Depth of the cut "Tape alone"'
                 ' and Tape saver "Shorter lead and end".')
     check(sentence in errors, "not said: " + errors)
+
+
+@test
+def without_a_window_a_conflict_is_refused_by_sentence_status_and_way_out():
+    with tempfile.TemporaryDirectory() as folder:
+        job = ["--ppd", sample("features"), "--output", folder + "/out",
+               "--set", "LabelMarks=FoldMark,Frame", "--set", "PrintDensity=Dark"]
+        surroundings = {**NO_SERVER, "DISPLAY": ""}
+        for task in ("--print", "--dry-run"):
+            status, output, errors = run_once(PROGRAM, task, *job, "--set",
+                                              "Resolution=300x600dpi", environment=surroundings)
+            equal((status, output), (10, ""), "status and answer of " + task)
+            equal(errors, 'tape-print: Not printed: Resolution "300 x 600 dpi" does not go with '
+                          'Density "Dark". A way out: --set PrintDensity=Normal\n', "sentence")
+        check(not os.path.exists(folder + "/out"), "something was printed")
+        status, _, errors = run_once(PROGRAM, "--print", *job, environment=surroundings)
+        equal((status, errors), (0, ""), "without the conflict")
+        with open(folder + "/out/job-1/options", encoding="utf-8") as file:
+            printed_with = options_of(file.read().splitlines())
+        equal((printed_with["LabelMarks"], printed_with["PrintDensity"]),
+              ("FoldMark,Frame", "Dark"), "options")
 
 
 @test
