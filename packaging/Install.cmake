@@ -3,7 +3,7 @@
 #   bin/tape-print                      the dialog
 #   lib/GNUstep/Bundles                 the panel's bundle, where the toolkit keeps such bundles
 #   lib/page-settings                   the printing calls that both use, the reader of documents
-#   share                               texts, icon, desktop entry, manual, samples
+#   share                               texts, icon, desktop entry, manual, completions, samples
 
 set(private lib/page-settings)
 set(bundle lib/GNUstep/Bundles/PageSettings.plugin)
@@ -38,6 +38,19 @@ function(install_packed file name destination)
   install(FILES ${packed} DESTINATION ${destination})
 endfunction()
 install_packed(${CMAKE_SOURCE_DIR}/CHANGELOG.md changelog share/doc/page-settings)
+install_packed(${CMAKE_SOURCE_DIR}/docs/man/tape-print.1 tape-print.1 share/man/man1)
+
+# Debian's zsh looks below /usr where packages put completions, elsewhere where a site does.
+set(completion ${CMAKE_SOURCE_DIR}/packaging/completion)
+install(FILES ${completion}/tape-print.bash RENAME tape-print
+  DESTINATION share/bash-completion/completions)
+install(CODE "
+  set(place site-functions)
+  if(CMAKE_INSTALL_PREFIX MATCHES \"/usr\$\")
+    set(place vendor-completions)
+  endif()
+  file(INSTALL \"${completion}/_tape-print\"
+    DESTINATION \"\${CMAKE_INSTALL_PREFIX}/share/zsh/\${place}\")")
 
 set_target_properties(tape-print PROPERTIES INSTALL_RPATH "$ORIGIN/../${private}")
 set_target_properties(PageSettings PROPERTIES INSTALL_RPATH "$ORIGIN/../../../page-settings")

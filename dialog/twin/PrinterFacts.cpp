@@ -3,6 +3,7 @@
 #include "dialog/JobPageSize.hpp"
 #include "dialog/Messages.hpp"
 #include "dialog/Translate.hpp"
+#include "dialog/UTF8.hpp"
 #include "dialog/WantedOptions.hpp"
 #include "dialog/twin/PanelSettings.hpp"
 #include "ppd/Keywords.hpp"
@@ -191,7 +192,7 @@ std::string factsAsText(const std::vector<PrinterFacts>& printers)
 {
     std::string text;
     const auto line = [&text](std::size_t indent, const std::string& words) {
-        text += std::string(indent, ' ') + shown(words) + "\n";
+        text += std::string(indent, ' ') + shown(asUTF8(words)) + "\n";
     };
     for (const PrinterFacts& facts : printers) {
         if (!text.empty()) {

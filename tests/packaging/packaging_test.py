@@ -3,6 +3,7 @@
 usage: packaging_test.py BUILD-FOLDER SENTENCE
 """
 
+import gzip
 import os
 import pathlib
 import subprocess
@@ -10,6 +11,7 @@ import sys
 import tempfile
 
 BUILD = pathlib.Path(sys.argv[1])
+SOURCE = pathlib.Path(__file__).parents[2]
 LANGUAGES = "de es fr it ja ko nl pt zh_CN zh_TW".split()
 
 
@@ -39,6 +41,17 @@ def AnInstallationUnderAPrefixPrintsInAnyLanguage(folder):
         assert "VnMargin=3.0" in (out / "job-1/options").read_text().splitlines()
 
 
+def AnInstallationHasTheManualAndTheCompletionsWhereTheyAreLookedFor(folder):
+    share = install(folder) / "share"
+    packed = (share / "man/man1/tape-print.1.gz").read_bytes()
+    assert gzip.decompress(packed) == (SOURCE / "docs/man/tape-print.1").read_bytes()
+    for name, source in (("bash-completion/completions/tape-print", "tape-print.bash"),
+                         ("zsh/site-functions/_tape-print", "_tape-print")):
+        written = (SOURCE / "packaging/completion" / source).read_bytes()
+        assert (share / name).read_bytes() == written, name
+        assert (share / name).stat().st_mode & 0o777 == 0o644, name
+
+
 def AnInstallationNamesNoPlaceOfTheBuild(folder):
     prefix = install(folder)
     shared = [path for path in prefix.rglob("*")
@@ -61,7 +74,9 @@ def TheDebianPackageHasEveryPartAndItsNeeds(folder):
               "lib/GNUstep/Bundles/PageSettings.plugin/Resources/PageSettingPDE.xib",
               "share/applications/tape-print.desktop", "share/doc/page-settings/changelog.gz",
               "share/doc/page-settings/copyright", "share/page-settings/samples/sample-tape.ppd",
-              "share/icons/hicolor/scalable/apps/tape-print.svg"]
+              "share/icons/hicolor/scalable/apps/tape-print.svg", "share/man/man1/tape-print.1.gz",
+              "share/bash-completion/completions/tape-print",
+              "share/zsh/vendor-completions/_tape-print"]
     missing = [name for name in wanted if f"./usr/{name}" not in inside]
     assert not missing, missing
     needs = output_of("dpkg-deb", "-f", package, "Depends")

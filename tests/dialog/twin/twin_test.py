@@ -358,6 +358,10 @@ def a_list_is_valid_json_whatever_a_ppd_says_of_itself():
                           **NO_SERVER)
         paper = json.loads(output)["printers"][0]["papers"][2]
         equal((paper["name"], paper["title"]), ("TC12", 'a"b\\c \u20ac\ufffd <tape>&'), "the tape")
+        output = answered("--list", "--ppd", "odd.ppd", "--printer", "odd.ppd", home=home,
+                          **NO_SERVER)
+        # The bytes of a text that is no UTF-8 are taken for letters.
+        check('TC12: a"b\\c \u00e2' in output and "\u00ff <tape>&\n" in output, output)
 
 
 # At a print server with a queue in millimetres ("tape"), one in inches and a raw one.
@@ -390,13 +394,13 @@ NASTY = [" two words ", "it's \"x\"", "back\\slash", "$HOME `id` $(id)", "a;b|c&
 def a_shell_that_runs_the_shown_command_prints_the_same_job():
     with tempfile.TemporaryDirectory() as home:
         for number, word in enumerate(NASTY):
-            # The server takes no title with a tab.
+            # The server takes no name with a tab.
             title = word.replace("\t", " ")
-            document = "{}/{}.png".format(home, word.replace("/", ""))
+            document = "{}/{}.png".format(home, title.replace("/", ""))
             with open(LABEL, "rb") as file, open(document, "wb") as copy:
                 copy.write(file.read() + word.encode())
             queue = ("tape", "inches")[number % 2]
-            asked = ("--printer", queue, "--title", title, "--set", "Note=" + word, "--length",
+            asked = ("--printer", queue, "--title", word, "--set", "Note=" + word, "--length",
                      str(20 + 7 * number) + "mm", "--copies", str(1 + number % 3), "--set",
                      "VnCompress=Off", document)
             status, line, remarks = run("--show-command", *asked)
