@@ -240,6 +240,8 @@ def what_does_not_fit_is_said():
             dialog.wait("Tape", "24 mm tape")
             dialog.wait(FIELD, "1000.0", LENGTH)
             dialog.wait("cell", "Off", on=True)
+            dialog.press(dialog.wait("NSSlider", None, LENGTH))
+            dialog.wait("Presets", "Big (changed)")
             cancel(dialog)
 
 
