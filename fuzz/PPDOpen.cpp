@@ -1,6 +1,6 @@
 // A PPD's bytes through the dialog's look at them, the print library and every question to it.
 #include "dialog/PPDFile.hpp"
-#include "dialog/PPDSizes.hpp"
+#include "fuzz/Options.hpp"
 
 #include <cstdio>
 #include <cstdlib>
@@ -38,8 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (ppd.mark("PageSize", paper.name))
             ppdPageSize(ppd.record(), paper.name.c_str());
     }
-    for (ppd_option_t* option = ppdFirstOption(ppd.record()); option != nullptr;
-         option = ppdNextOption(ppd.record())) {
+    for (ppd_option_t* option : fuzz::optionsOf(ppd.record())) {
         for (int i = 0; i < option->num_choices; ++i) {
             const std::string choice = option->choices[i].choice;
             require(ppd.mark(option->keyword, choice), "a listed choice can be marked");

@@ -1,5 +1,6 @@
 // A PPD to the panel without its view: look-ups, choice lists, limits, saving, marks, summary.
 #include "fuzz/Host.h"
+#include "fuzz/Options.hpp"
 #include "fuzz/Process.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***)
@@ -25,8 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     NSError* error = nil;
     [panel restoreValuesAndReturnError:&error];
     fuzz::requireWholeSummary([panel summaryInfo]);
-    for (ppd_option_t* option = ppdFirstOption(dialog.ppd.record()); option != nullptr;
-         option = ppdNextOption(dialog.ppd.record())) {
+    for (const ppd_option_t* option : fuzz::optionsOf(dialog.ppd.record())) {
         for (int i = 0; i < option->num_choices && i < 4; ++i)
             [panel PPDOptionKeyValueDidChange:fuzz::stringOf(option->keyword)
                                     ppdChoice:fuzz::stringOf(option->choices[i].choice)];
