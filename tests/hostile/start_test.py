@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """start_test.py PROGRAM FOLDER [EVERY] - starts tape-print with the PPDs of cases.py.
 
-With every PPD, or with every EVERY-th, the dialog prints at once into a folder.  It ends with the
-status and the one sentence of a PPD that is not used, or with exactly the options of the case.
+With every PPD, or with every EVERY-th, it prints into a folder, once with its window and once
+without.  It ends with the status and the one sentence of a PPD that is not used, or with exactly the
+options of the case.
 """
 
 import os
@@ -16,6 +17,7 @@ sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."
 from drive import PATIENCE, Failed, check, equal, options_of, xdotool  # noqa: E402
 
 BAD_PPD = 6
+WITH_WINDOW, WITHOUT = "--print-at-once", "--print"
 # Nobody listens at port 1: no test here may meet the machine's own print server.
 NO_SERVER = {"CUPS_SERVER": "127.0.0.1:1"}
 IN_ENGLISH = os.environ.get("LANG", "C").startswith("C")
@@ -66,12 +68,12 @@ def run(words, has_alerts):
         return process.returncode, errors.read().decode("utf-8", "replace")
 
 
-def try_case(program, folder, case):
+def try_case(program, folder, case, way):
     path = case["file"] if case["file"].startswith("/") else folder + "/" + case["file"]
     with tempfile.TemporaryDirectory() as room:
-        status, errors = run([program, "--print-at-once", "--output", room + "/out",
+        status, errors = run([program, way, "--output", room + "/out",
                               "--device-uri", case["uri"], "--ppd", path],
-                             has_alerts=case.get("alerts", "0") != "0")
+                             has_alerts=way == WITH_WINDOW and case.get("alerts", "0") != "0")
         if "refused" in case:
             equal(status, BAD_PPD, "exit status")
             sentence = "tape-print: " + case["refused"].replace(
@@ -93,11 +95,12 @@ def main():
     chosen = cases(folder)[::every]
     failures = 0
     for case in chosen:
-        try:
-            try_case(program, folder, case)
-        except (Failed, OSError) as problem:
-            failures += 1
-            print("{}: {}".format(case["case"], problem), file=sys.stderr)
+        for way in (WITH_WINDOW, WITHOUT):
+            try:
+                try_case(program, folder, case, way)
+            except (Failed, OSError) as problem:
+                failures += 1
+                print("{}, {}: {}".format(case["case"], way, problem), file=sys.stderr)
     print("{} PPDs, {} failures".format(len(chosen), failures))
     sys.exit(1 if failures or not chosen else 0)
 
