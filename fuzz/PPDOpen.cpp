@@ -39,6 +39,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             ppdPageSize(ppd.record(), paper.name.c_str());
     }
     for (ppd_option_t* option : fuzz::optionsOf(ppd.record())) {
+        // In two groups there may be options of the same keyword; only one of them is ever found.
+        if (ppdFindOption(ppd.record(), option->keyword) != option)
+            continue;
         for (int i = 0; i < option->num_choices; ++i) {
             const std::string choice = option->choices[i].choice;
             require(ppd.mark(option->keyword, choice), "a listed choice can be marked");
