@@ -56,6 +56,9 @@ static bool isAboveOne(std::string_view number) noexcept
             std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
         if (read.ec == std::errc::result_out_of_range)
             return !negative;
+        // No text is so long that its digits would outweigh this.
+        constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max() / 2;
+        power = std::min(power, most);
         magnitude += negative ? -power : power;
     }
     return magnitude > 0;

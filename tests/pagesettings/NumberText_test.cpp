@@ -117,6 +117,9 @@ TEST(LeadingDouble, IsInfiniteBeyondTheRangeAndZeroBelowIt)
     EXPECT_EQ(leadingDouble("1e-400"), 0);
     EXPECT_EQ(leadingDouble("1e99999999999999999999999"), kInfinity);
     EXPECT_EQ(leadingDouble("1e-99999999999999999999999"), 0);
+    EXPECT_EQ(leadingDouble("123e9223372036854775807"), kInfinity);
+    EXPECT_EQ(leadingDouble("0.001e-9223372036854775807"), 0);
+    EXPECT_EQ(leadingDouble("0e99999999999999999999999"), 0);
     EXPECT_EQ(leadingDouble("123456789e-350"), 0);
     EXPECT_EQ(leadingDouble("0.00001e400"), kInfinity);
     EXPECT_EQ(leadingDouble(std::string(400, '9')), kInfinity);
