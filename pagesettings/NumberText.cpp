@@ -11,11 +11,10 @@ NumberText fixedText(double value, int decimals) noexcept
 {
     NumberText text;
     char* const begin = text.characters_.data();
-    // One byte stays for the terminator; the longest double has 309 digits before the point.
+    // The last byte stays the terminator; the longest double has 309 digits before the point.
     char* const end = begin + text.characters_.size() - 1;
     const auto written = std::to_chars(begin, end, value, std::chars_format::fixed, decimals);
     text.size_ = static_cast<std::size_t>(written.ptr - begin);
-    *written.ptr = '\0';
     return text;
 }
 

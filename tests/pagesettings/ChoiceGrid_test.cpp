@@ -99,6 +99,7 @@ TEST(ChoiceGrid, GivesAWideColumnTheSpareRoomOfItsNeighbours)
     const ChoiceGrid grid = gridOf(5, 0, {150, 80, 60});
     EXPECT_EQ(grid.columnWidth, (ColumnWishes{167, 97, 77}));
     EXPECT_EQ(grid.columnX, (ColumnWishes{0, 171, 272}));
+    EXPECT_EQ(gridOf(5, 0, {150, 80, 61}).columnWidth, (ColumnWishes{167, 97, 78})); // 51 for three
 }
 
 TEST(ChoiceGrid, LetsTheMostDemandingColumnGiveWay)
@@ -137,6 +138,7 @@ TEST(ChoiceGrid, LeavesNoNegativeWidthInASlotThatIsTooNarrow)
 {
     const ChoiceGrid grid = layOutChoices(12, 10, kHeight, 0, {});
     EXPECT_EQ(grid.columnWidth, (ColumnWishes{0, 0, 0}));
+    EXPECT_EQ(layOutChoices(1, -1, kHeight, 0, {}).columnWidth[0], 0);
 }
 
 TEST(ChoiceGrid, BringsAFirstLineOutOfRangeIntoIt)
@@ -219,6 +221,8 @@ TEST(ChoiceAfterMove, GoesByLinesUpAndDown)
     EXPECT_EQ(choiceAfterMove(grid, 4, ChoiceMove::Up), 1);
     EXPECT_EQ(choiceAfterMove(grid, 1, ChoiceMove::Up), 1);
     EXPECT_EQ(choiceAfterMove(grid, 4, ChoiceMove::Down), 4);
+    EXPECT_EQ(choiceAfterMove(grid, 3, ChoiceMove::Up), 0);
+    EXPECT_EQ(choiceAfterMove(grid, 3, ChoiceMove::Down), 3);
 }
 
 TEST(ChoiceAfterMove, LeadsFromAboveAnEmptyPlaceToTheLastChoice)
@@ -230,6 +234,7 @@ TEST(ChoiceAfterMove, LeadsFromAboveAnEmptyPlaceToTheLastChoice)
 TEST(ChoiceAfterMove, StartsAtTheFirstChoiceWhenNoneIsChosen)
 {
     EXPECT_EQ(choiceAfterMove(gridOf(5), -1, ChoiceMove::Down), 0);
+    EXPECT_EQ(choiceAfterMove(gridOf(5), 5, ChoiceMove::Left), 0);
     EXPECT_EQ(choiceAfterMove(gridOf(5), 7, ChoiceMove::Left), 0);
 }
 
@@ -243,6 +248,7 @@ TEST(ChoiceScroller, TellsWhereTheFirstLineStands)
     EXPECT_EQ(scrollerValue(gridOf(12, 0)), 0.0f);
     EXPECT_EQ(scrollerValue(gridOf(12, 1)), 0.5f);
     EXPECT_EQ(scrollerValue(gridOf(12, 2)), 1.0f);
+    EXPECT_EQ(scrollerValue(gridOf(9, 1)), 1.0f);
     EXPECT_EQ(scrollerKnob(gridOf(12)), 0.5f);
 }
 

@@ -112,6 +112,7 @@ TEST(SliderRange, ShowsHundredthsInInchesAndMovesByAboutAMillimetre)
     EXPECT_DOUBLE_EQ(range.minimum, 0.1574804);
     EXPECT_DOUBLE_EQ(range.maximum, 39.3701);
     EXPECT_NEAR(range.altIncrement, (39.37 - 0.16) / 996, 1e-7);
+    EXPECT_NEAR(sliderRange(10, 10.5f, kInches, false).altIncrement, (0.41 - 0.39) / 0.5, 1e-7);
 }
 
 TEST(SliderRange, IgnoresWholeNumbersInInches)

@@ -71,6 +71,7 @@ TEST(LeadingDouble, TakesTheLongestNumberThatTheTextBeginsWith)
     EXPECT_EQ(leadingDouble("-.5x"), -0.5);
     EXPECT_EQ(leadingDouble("+3"), 3);
     EXPECT_EQ(leadingDouble("-3.25"), -3.25);
+    EXPECT_EQ(leadingDouble(std::string_view("12.75").substr(0, 4)), 12.7);
 }
 
 TEST(LeadingDouble, SkipsWhiteSpaceBeforeTheNumber)
@@ -123,6 +124,7 @@ TEST(LeadingDouble, IsInfiniteBeyondTheRangeAndZeroBelowIt)
     EXPECT_EQ(leadingDouble("123456789e-350"), 0);
     EXPECT_EQ(leadingDouble("0.00001e400"), kInfinity);
     EXPECT_EQ(leadingDouble(std::string(400, '9')), kInfinity);
+    EXPECT_EQ(leadingDouble("1" + std::string(309, '0')), kInfinity);
     EXPECT_EQ(leadingDouble("0." + std::string(400, '0') + "1"), 0);
     EXPECT_EQ(leadingDouble("0e999999"), 0);
 }

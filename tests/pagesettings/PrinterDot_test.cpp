@@ -31,6 +31,7 @@ TEST(LeastStep, IsATenthAWholeMillimetreOrAHundredthOfAnInch)
 
 TEST(PrinterDot, TakesTheVerticalResolutionBehindTheX)
 {
+    EXPECT_DOUBLE_EQ(dotMillimetres("300x1dpi", kDecimal), 25.4);
     EXPECT_DOUBLE_EQ(dotMillimetres("300x100dpi", kDecimal), 0.254);
     EXPECT_DOUBLE_EQ(dotMillimetres("100x180dpi", kDecimal), 25.4 / 180);
     EXPECT_DOUBLE_EQ(dotMillimetres("10x20x40dpi", kDecimal), 25.4 / 20);
