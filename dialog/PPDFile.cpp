@@ -1,5 +1,6 @@
 #include "dialog/PPDFile.hpp"
 
+#include "dialog/Descriptor.hpp"
 #include "dialog/PPDSizes.hpp"
 
 #include <algorithm>
@@ -15,40 +16,6 @@
 namespace dialog {
 
 namespace {
-
-class Descriptor
-{
-  public:
-    explicit Descriptor(int number) noexcept : number_(number) {}
-    ~Descriptor()
-    {
-        if (number_ >= 0) {
-            close(number_);
-        }
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    int get() const noexcept { return number_; }
-    int release() noexcept { return std::exchange(number_, -1); }
-
-  private:
-    int number_;
-};
-
-bool writeAll(int descriptor, std::string_view bytes) noexcept
-{
-    while (!bytes.empty()) {
-        const ssize_t written = write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) {
-            continue;
-        }
-        if (written <= 0) {
-            return false;
-        }
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-}
 
 // What checkPPD looked for in the text, asked of the record that libcups made of it.
 bool customSizeIsALength(ppd_file_t* record) noexcept

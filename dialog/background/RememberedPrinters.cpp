@@ -1,5 +1,6 @@
 #include "dialog/background/RememberedPrinters.hpp"
 
+#include "dialog/Descriptor.hpp"
 #include "dialog/UserFolders.hpp"
 
 #include <algorithm>
@@ -68,18 +69,6 @@ std::string readText(const std::string& path)
         close(file);
     }
     return text.size() > kMostBytes ? std::string() : text;
-}
-
-bool writeAll(int file, std::string_view text)
-{
-    while (!text.empty()) {
-        const ssize_t written = write(file, text.data(), text.size());
-        if (written <= 0) {
-            return false;
-        }
-        text.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
 }
 
 } // namespace

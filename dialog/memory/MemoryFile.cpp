@@ -1,5 +1,6 @@
 #include "dialog/memory/MemoryFile.hpp"
 
+#include "dialog/Descriptor.hpp"
 #include "dialog/Translate.hpp"
 
 #include <cerrno>
@@ -21,39 +22,6 @@ namespace {
 
 constexpr std::chrono::milliseconds kLockStep{2};
 constexpr int kMostSetAside = 10000;
-
-class Descriptor
-{
-  public:
-    explicit Descriptor(int number) noexcept : number_(number) {}
-    ~Descriptor()
-    {
-        if (number_ >= 0) {
-            close(number_);
-        }
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    int get() const noexcept { return number_; }
-
-  private:
-    int number_;
-};
-
-bool writeAll(int descriptor, std::string_view bytes) noexcept
-{
-    while (!bytes.empty()) {
-        const ssize_t written = write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) {
-            continue;
-        }
-        if (written <= 0) {
-            return false;
-        }
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-}
 
 std::string folderOf(const std::string& path)
 {
