@@ -1,0 +1,17 @@
+// A Qt print dialog with its options opened, for comparison: opens it on the server's printers and
+// waits.
+#include <QApplication>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPushButton>
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QPrinter printer(QPrinter::HighResolution);
+    if (argc > 1) {
+        printer.setPrinterName(QString::fromUtf8(argv[1]));
+    }
+    QPrintDialog dialog(&printer);
+    return dialog.exec();
+}
