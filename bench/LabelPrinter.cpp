@@ -1,5 +1,7 @@
 #include "bench/LabelPrinter.hpp"
 
+#include <charconv>
+
 namespace bench {
 
 namespace {
@@ -12,6 +14,37 @@ std::vector<PPDChoiceText> choicesOf(const std::string& option, const std::strin
     for (int i = 0; i < count; ++i)
         choices.push_back({choiceKeyword(option, i), title + " " + std::to_string(i)});
     return choices;
+}
+
+std::string points(double value)
+{
+    char text[32];
+    const auto written =
+        std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 2);
+    return std::string(text, written.ptr);
+}
+
+// Each size in four places, as a printer's PPD has it.
+void addSizes(PPDText& ppd, int sizes)
+{
+    const auto sizeOf = [](int index) {
+        return points(kTapeWidthPoints) + " " + points(sizeHeightPoints(index));
+    };
+    for (const std::string option : {"PageSize", "PageRegion"}) {
+        ppd.line("*OpenUI *" + option + "/Tape: PickOne")
+            .line("*OrderDependency: 10 AnySetup *" + option)
+            .line("*Default" + option + ": " + sizeKeyword(0));
+        for (int i = 0; i < sizes; ++i)
+            ppd.line("*" + option + " " + sizeKeyword(i) + "/Tape " + std::to_string(i) +
+                     ": \"<</PageSize[" + sizeOf(i) + "]>>setpagedevice\"");
+        ppd.line("*CloseUI: *" + option);
+    }
+    ppd.line("*DefaultImageableArea: " + sizeKeyword(0));
+    for (int i = 0; i < sizes; ++i)
+        ppd.line("*ImageableArea " + sizeKeyword(i) + ": \"0 0 " + sizeOf(i) + "\"");
+    ppd.line("*DefaultPaperDimension: " + sizeKeyword(0));
+    for (int i = 0; i < sizes; ++i)
+        ppd.line("*PaperDimension " + sizeKeyword(i) + ": \"" + sizeOf(i) + "\"");
 }
 
 } // namespace
@@ -37,9 +70,7 @@ double sizeHeightPoints(int index)
 PPDText labelPrinter(int sizes, int choices)
 {
     PPDText ppd;
-    for (int i = 0; i < sizes; ++i)
-        ppd.paper(sizeKeyword(i), "Tape " + std::to_string(i), kTapeWidthPoints,
-                  sizeHeightPoints(i));
+    addSizes(ppd, sizes);
     ppd.attribute("VnUnitType", "mm")
         .attribute("VnIsIntegerTapeLength", "False")
         .attribute("VnIsIntegerMargin", "False")

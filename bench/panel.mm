@@ -280,22 +280,73 @@ void measureTape(Meter& meter, const Stage& stage, const Panel& panel, Dialog& d
     });
 }
 
-// What a thousand dialogs leave behind, once the toolkit has what it keeps for good.
-void measureMemory(const Stage& stage)
+// What a thousand dialogs leave behind, once the toolkit has what it keeps for good; bytes each.
+template <class OpenAndClose>
+double bytesKept(OpenAndClose openAndClose)
 {
     constexpr int kWarm = 200;
     constexpr int kCounted = 1000;
-    const Dialog dialog(10, 10);
-    std::optional<Panel> panel;
     std::size_t before = 0;
     for (int i = 0; i < kWarm + kCounted; ++i) {
         if (i == kWarm)
             before = mallinfo2().uordblks;
-        open(panel, dialog, stage);
-        close(panel, stage);
+        openAndClose();
     }
-    const auto kept = static_cast<double>(mallinfo2().uordblks) - static_cast<double>(before);
-    Meter::figure("memory kept by an opening", "bytes", kept / kCounted);
+    return (static_cast<double>(mallinfo2().uordblks) - static_cast<double>(before)) / kCounted;
+}
+
+void measureMemory(const Stage& stage)
+{
+    std::optional<BareView> bare;
+    Meter::figure("memory kept by an opening, bare", "bytes", bytesKept([&] {
+                      openBare(bare, stage);
+                      close(bare, stage);
+                  }));
+    const Dialog dialog(10, 10);
+    std::optional<Panel> panel;
+    Meter::figure("memory kept by an opening", "bytes", bytesKept([&] {
+                      open(panel, dialog, stage);
+                      close(panel, stage);
+                  }));
+}
+
+// The least that a dialog with this panel does on its start, for whoever looks from outside.
+[[noreturn]] void showBare()
+{
+    [NSImageRep unregisterImageRepClass:NSClassFromString(@"GSImageMagickImageRep")];
+    [NSApplication sharedApplication];
+    NSWindow* const window = [[NSWindow alloc] initWithContentRect:NSMakeRect(100, 100, 600, 500)
+                                                         styleMask:NSTitledWindowMask
+                                                           backing:NSBackingStoreBuffered
+                                                             defer:NO];
+    const BareView bare;
+    [[window contentView] addSubview:bare.view()];
+    // A blinking insertion point would never end.
+    for (const char* const field : {"mLengthTxFld", "mMarginTxFld"})
+        [(NSTextField*)bare.control(field) setEditable:NO];
+    [window makeKeyAndOrderFront:nil];
+    [NSApp run];
+    std::exit(0);
+}
+
+// The panel, with the keyboard in one of its controls, for whoever types from outside.
+[[noreturn]] void showPanel(const char* control)
+{
+    [NSApplication sharedApplication];
+    Dialog dialog(10, 2);
+    dialog.marksChoices = true;
+    const Stage stage;
+    std::optional<Panel> panel;
+    open(panel, dialog, stage);
+    [stage.window() makeFirstResponder:panel->control(control)];
+    for (;;) {
+        const Pool pool;
+        [NSApp sendEvent:[NSApp nextEventMatchingMask:NSAnyEventMask
+                                            untilDate:[NSDate distantFuture]
+                                               inMode:NSDefaultRunLoopMode
+                                              dequeue:YES]];
+        stage.draw();
+    }
 }
 
 void measure(Meter& meter, const Stage& stage, Size size)
@@ -316,13 +367,19 @@ void measure(Meter& meter, const Stage& stage, Size size)
 } // namespace
 } // namespace bench
 
-// bench_panel memory | SIZES CHOICES ...
+// bench_panel bare | field | choice | memory | SIZES CHOICES ...
 int main(int argc, char** argv, char** environment)
 {
     const bench::Pool pool;
     // The toolkit takes every plain word for a document to open.
     [NSProcessInfo initializeWithArguments:argv count:1 environment:environment];
     [[NSUserDefaults standardUserDefaults] registerDefaults:@{@"GSSuppressAppIcon" : @"YES"}];
+    if (argc == 2 && std::strcmp(argv[1], "bare") == 0)
+        bench::showBare();
+    if (argc == 2 && std::strcmp(argv[1], "field") == 0)
+        bench::showPanel("mLengthTxFld");
+    if (argc == 2 && std::strcmp(argv[1], "choice") == 0)
+        bench::showPanel("mCompressRdBtn");
     [NSApplication sharedApplication];
     bench::loadedBundle();
     const bench::Stage stage;

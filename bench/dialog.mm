@@ -1,0 +1,195 @@
+// dialog.mm - the rows about tape-print itself: another tape, its list, another printer.
+#include "bench/LabelPrinter.hpp"
+#include "bench/Meter.hpp"
+#include "dialog/DialogController+Printers.h"
+#include "dialog/KeepToOneself.h"
+#include "dialog/OwnPasteboard.h"
+#include "dialog/longlist/LongPopUp.h"
+#include "dialog/preview/ControlActions.h"
+#include "dialog/theme/DesktopSettings.hpp"
+#include "dialog/theme/TapeTheme.h"
+
+#include <objc/runtime.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <string>
+
+namespace bench {
+namespace {
+
+class Pool
+{
+  public:
+    Pool() : pool_([[NSAutoreleasePool alloc] init]) {}
+    ~Pool() { [pool_ release]; }
+    Pool(const Pool&) = delete;
+    Pool& operator=(const Pool&) = delete;
+
+  private:
+    NSAutoreleasePool* pool_;
+};
+
+[[noreturn]] void giveUp(const char* what)
+{
+    std::fprintf(stderr, "bench_dialog: %s\n", what);
+    std::exit(1);
+}
+
+// Handles what comes until something holds.
+void handleEvents(const std::function<bool()>& isDone, const char* what)
+{
+    NSDate* const end = [NSDate dateWithTimeIntervalSinceNow:60];
+    while (!isDone()) {
+        const Pool pool;
+        NSEvent* const event =
+            [NSApp nextEventMatchingMask:NSAnyEventMask
+                               untilDate:[NSDate dateWithTimeIntervalSinceNow:0.002]
+                                  inMode:NSDefaultRunLoopMode
+                                 dequeue:YES];
+        if (event != nil)
+            [NSApp sendEvent:event];
+        if ([end timeIntervalSinceNow] < 0)
+            giveUp(what);
+    }
+}
+
+// The program's own controller and window, with nothing of the command line's but the printers.
+class Running
+{
+  public:
+    explicit Running(const dialog::CommandLine& line)
+        : controller_([[DialogController alloc] initWithCommandLine:line])
+    {
+        [NSApp finishLaunching];
+        [(id)controller_ applicationDidFinishLaunching:nil];
+        waitForPanel();
+        handleEvents([&] { return [nsWindow() isKeyWindow]; }, "the window gets no keyboard");
+    }
+
+    DialogController* controller() const { return controller_; }
+    DialogWindow* window() const { return object_getIvar(controller_, ivar("window_")); }
+    NSWindow* nsWindow() const { return [window() window]; }
+
+    void waitForPanel() const
+    {
+        const Ivar loaded = ivar("loaded_");
+        handleEvents([&] {
+            return [controller_ isSettled] && object_getIvar(controller_, loaded) != nil;
+        }, "the panel does not come");
+    }
+    void draw() const
+    {
+        [nsWindow() displayIfNeeded];
+        [nsWindow() flushWindow];
+    }
+    // What is done a little later, too.
+    void rest() const
+    {
+        NSDate* const end = [NSDate dateWithTimeIntervalSinceNow:0.02];
+        handleEvents([&] { return [end timeIntervalSinceNow] < 0; }, "time stands still");
+    }
+
+  private:
+    Ivar ivar(const char* name) const
+    {
+        Ivar const found = class_getInstanceVariable([DialogController class], name);
+        if (found == nullptr)
+            giveUp(name);
+        return found;
+    }
+
+    DialogController* controller_;
+};
+
+void measureTape(Meter& meter, const Running& running, const std::string& at)
+{
+    NSPopUpButton* const tapes = [running.window() tapePopUp];
+    const NSInteger last = [tapes numberOfItems] - 1;
+    meter.measure(
+        "another tape in tape-print" + at,
+        [&] {
+            const Pool pool;
+            [tapes selectItemAtIndex:[tapes indexOfSelectedItem] == 0 ? last : 0];
+            [running.controller() chooseTape:nil];
+            running.draw();
+        }, nullptr, [&] { running.rest(); });
+}
+
+// Opened, drawn, and closed by Escape, which waits for it already.
+void measureList(Meter& meter, const Running& running, const std::string& at)
+{
+    NSPopUpButton* const tapes = [running.window() tapePopUp];
+    if ([tapes numberOfItems] <= static_cast<NSInteger>(dialog::kMostMenuItems))
+        return; // the toolkit's own menu, which waits for the mouse
+    meter.measure(
+        "list of tapes" + at,
+        [&] {
+            const Pool pool;
+            [tapes performClick:nil];
+        },
+        [&] {
+            const Pool pool;
+            [NSApp postEvent:[NSEvent keyEventWithType:NSKeyDown location:NSZeroPoint
+                                               modifierFlags:0
+                                                   timestamp:0
+                                                windowNumber:[running.nsWindow() windowNumber]
+                                                     context:nil
+                                                  characters:@"\x1B"
+                                 charactersIgnoringModifiers:@"\x1B"
+                                                   isARepeat:NO
+                                                     keyCode:0]
+                     atStart:NO];
+        }, [&] { running.rest(); });
+}
+
+void measurePrinter(Meter& meter, const Running& running, const std::string& at)
+{
+    NSPopUpButton* const printers = [running.window() printerPopUp];
+    const NSInteger before = [printers indexOfSelectedItem];
+    meter.measure(
+        "another printer" + at,
+        [&] {
+            const Pool pool;
+            [printers selectItemAtIndex:before + ([printers indexOfSelectedItem] == before)];
+            [running.controller() choosePrinter:nil];
+            running.waitForPanel();
+            running.draw();
+        }, nullptr, [&] { running.rest(); });
+}
+
+} // namespace
+} // namespace bench
+
+// bench_dialog ROW-ENDING PPD PPD | bench_dialog ROW-ENDING QUEUE (the first of two alike)
+int main(int argc, char** argv, char** environment)
+{
+    const bench::Pool pool;
+    [NSProcessInfo initializeWithArguments:argv count:1 environment:environment];
+    [[NSUserDefaults standardUserDefaults] registerDefaults:@{@"GSSuppressAppIcon" : @"YES"}];
+    if (argc < 3)
+        bench::giveUp("usage: bench_dialog ROW-ENDING PPD PPD | ROW-ENDING QUEUE");
+    dialog::CommandLine line;
+    line.plugin = PLUGIN_PATH;
+    line.noMemory = true;
+    if (argc == 3)
+        line.printer = argv[2];
+    else
+        line.ppdFiles.assign(argv + 2, argv + argc);
+
+    [NSImageRep unregisterImageRepClass:NSClassFromString(@"GSImageMagickImageRep")];
+    dialog::keepToOneself();
+    dialog::setUpPasteboards();
+    [TapePrintApplication sharedApplication];
+    dialog::useTheme(dialog::appearanceOnThisDesktop(dialog::WantedAppearance::Light));
+
+    const bench::Running running(line);
+    bench::Meter meter;
+    meter.patience = std::chrono::milliseconds(1000);
+    const std::string at = std::string(" ") + argv[1];
+    bench::measureTape(meter, running, at);
+    bench::measureList(meter, running, at);
+    bench::measurePrinter(meter, running, at);
+    return 0;
+}
