@@ -1,5 +1,6 @@
 #include "dialog/DialogController.h"
 
+#include "dialog/CopyCommand.h"
 #include "dialog/DialogController+Job.h"
 #include "dialog/DialogController+Printers.h"
 #include "dialog/Document.hpp"
@@ -33,7 +34,7 @@ constexpr NSTimeInterval kListingInterval = 0.1;
 - (void)takePicture;
 - (void)writeControls:(NSTimer*)timer;
 - (BOOL)printNow;
-- (dialog::Failure)sendWithCopies:(std::int32_t)copies;
+- (dialog::Failure)prepareJob:(dialog::JobTicket&)ticket;
 - (void)stopWithStatus:(dialog::ExitStatus)status;
 @end
 
@@ -385,25 +386,38 @@ constexpr NSTimeInterval kListingInterval = 0.1;
 
 - (BOOL)printNow
 {
-    [window_ showMessage:@"" isFailure:NO];
-    [[window_ window] makeFirstResponder:nil];
-    NSString* const text = [[window_ copiesField] stringValue];
-    std::int32_t copies = dialog::kMinCopies;
-    dialog::Failure failure;
-    if (!dialog::parseCopies(dialog::toString(text), copies)) {
-        failure = dialog::copiesNotUnderstood(dialog::toString(text));
-    } else {
-        failure = [self sendWithCopies:copies];
-    }
-    if (failure) {
+    dialog::JobTicket ticket;
+    if (const dialog::Failure failure = [self prepareJob:ticket]) {
         [self report:failure];
         return NO;
     }
+    [presets_ jobBegins];
+    [self beginJob:std::move(ticket)];
     return YES;
 }
 
-- (dialog::Failure)sendWithCopies:(std::int32_t)copies
+- (void)copyCommand:(id)sender
 {
+    dialog::JobTicket ticket;
+    dialog::Failure failure = [self prepareJob:ticket];
+    if (!failure) {
+        failure = dialog::copyCommand(ticket, line_.document);
+    }
+    [window_ showMessage:failure ? dialog::toNSString(failure.text)
+                                 : dialog::localized("The command is on the clipboard.")
+               isFailure:static_cast<BOOL>(static_cast<bool>(failure))];
+}
+
+// The job as it is set, once the panel agrees.
+- (dialog::Failure)prepareJob:(dialog::JobTicket&)ticket
+{
+    [window_ showMessage:@"" isFailure:NO];
+    [[window_ window] makeFirstResponder:nil];
+    const std::string text = dialog::toString([[window_ copiesField] stringValue]);
+    std::int32_t copies = dialog::kMinCopies;
+    if (!dialog::parseCopies(text, copies)) {
+        return dialog::copiesNotUnderstood(text);
+    }
     const auto document =
         std::make_shared<const dialog::Document>(dialog::Document::open(line_.document));
     if (!document->ok()) {
@@ -420,7 +434,6 @@ constexpr NSTimeInterval kListingInterval = 0.1;
     if (dialog::Failure conflict = [features_ conflict]) {
         return conflict;
     }
-    dialog::JobTicket ticket;
     ticket.printer = printers_[current_];
     ticket.document = document;
     ticket.title = dialog::jobTitle(line_.title, document->name());
@@ -432,8 +445,6 @@ constexpr NSTimeInterval kListingInterval = 0.1;
                      "\nPrinter: " + dialog::shown(ticket.printer.name) +
                      "\nCopies: " + std::to_string(copies) + "\n" +
                      dialog::summaryText([self summaryLines]);
-    [presets_ jobBegins];
-    [self beginJob:std::move(ticket)];
     return {};
 }
 

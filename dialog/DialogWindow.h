@@ -21,6 +21,7 @@
 - (void)stepCopies:(id)sender;
 - (void)cancelDialog:(id)sender;
 - (void)printDialog:(id)sender;
+- (void)copyCommand:(id)sender;
 - (void)resolveConflict:(id)sender;
 @end
 
@@ -44,6 +45,7 @@
     NSProgressIndicator* progress_;
     NSBox* box_;
     ConflictBar* conflict_; // hidden while there is none
+    NSButton* copyCommand_;
     NSButton* cancel_;
     NSButton* print_;
     NSView* pane_; // what is shown in the middle; owned

@@ -177,13 +177,16 @@ NSPopUpButton* openPopUpIn(NSView* view)
     [progress_ setMinValue:0];
     [progress_ setMaxValue:1];
     [progress_ setHidden:YES];
+    copyCommand_ =
+        makeButton(dialog::localized("Copy as Command"), @"", controller, @selector(copyCommand:));
     cancel_ = makeButton(dialog::localized("Cancel"), @"\e", controller, @selector(cancelDialog:));
     print_ = makeButton(dialog::localized("Print"), @"\r", controller, @selector(printDialog:));
 
     NSView* const content = [window_ contentView];
     for (NSView* view in @[
              printerLabel_, printer_, tapeLabel_, tape_, presetsLabel_, presets_, copiesLabel_,
-             copies_, stepper_, chooser_, box_, conflict_, message_, progress_, cancel_, print_
+             copies_, stepper_, chooser_, box_, conflict_, message_, progress_, copyCommand_,
+             cancel_, print_
          ]) {
         [content addSubview:view];
     }
@@ -200,7 +203,8 @@ NSPopUpButton* openPopUpIn(NSView* view)
     [pane_ removeFromSuperview];
     for (NSView* view in @[
              printerLabel_, printer_, tapeLabel_, tape_, presetsLabel_, presets_, copiesLabel_,
-             copies_, stepper_, chooser_, box_, conflict_, message_, progress_, cancel_, print_
+             copies_, stepper_, chooser_, box_, conflict_, message_, progress_, copyCommand_,
+             cancel_, print_
          ]) {
         [view release];
     }
@@ -370,6 +374,7 @@ NSPopUpButton* openPopUpIn(NSView* view)
     [conflict_ setFrame:toRect(layout.conflict)];
     [message_ setFrame:toRect(layout.message)];
     [progress_ setFrame:toRect(layout.progress)];
+    [copyCommand_ setFrame:toRect(layout.copyCommand)];
     [cancel_ setFrame:toRect(layout.cancel)];
     [print_ setFrame:toRect(layout.print)];
     [pane_ setFrameOrigin:toRect(layout.pane).origin];
@@ -425,6 +430,7 @@ NSPopUpButton* openPopUpIn(NSView* view)
     [tape_ setEnabled:offer.settings && [tape_ numberOfItems] > 0];
     [copies_ setEnabled:offer.settings];
     [stepper_ setEnabled:offer.settings];
+    [copyCommand_ setEnabled:offer.settings];
     [print_ setEnabled:offer.print != dialog::PrintButton::Waits];
     [print_ setTitle:offer.print == dialog::PrintButton::Closes ? dialog::localized("Close")
                                                                 : dialog::localized("Print")];
@@ -476,6 +482,7 @@ NSPopUpButton* openPopUpIn(NSView* view)
                                     {[preview_ sizeField], "Label Size"},
                                     {[preview_ usedField], "Tape Used"},
                                     {[preview_ remarksField], "Document Remarks"},
+                                    {copyCommand_, "Copy as Command"},
                                     {cancel_, "Cancel"},
                                     {print_, "Print"}});
 }

@@ -16,6 +16,7 @@ constexpr double kCopiesWidth = 52;
 constexpr double kStepperWidth = 16;
 constexpr double kBoxInset = 12;
 constexpr double kButtonWidth = 90;
+constexpr double kCopyCommandWidth = 190; // for the longest of the languages
 constexpr double kButtonHeight = 26;
 constexpr double kMessageHeight = 30; // two lines
 constexpr double kProgressHeight = 10;
@@ -47,6 +48,7 @@ WindowLayout layOut(Size pane, double conflictHeight) noexcept
 
     double y = kEdge;
     layout.print = {right - kButtonWidth, y, kButtonWidth, kButtonHeight};
+    layout.copyCommand = {kEdge, y, kCopyCommandWidth, kButtonHeight};
     layout.cancel = {right - 2 * kButtonWidth - kLabelGap, y, kButtonWidth, kButtonHeight};
 
     y += kButtonHeight + kRowGap;

@@ -36,7 +36,7 @@ struct WindowLayout
     Frame conflict; // empty unless one is to be said
     Frame message;
     Frame progress; // below a message of one line, in the same room
-    Frame cancel, print;
+    Frame copyCommand, cancel, print;
 };
 
 // `pane` is the size the panel's view asks for; the window is never narrower than its own rows.

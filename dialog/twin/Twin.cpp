@@ -9,7 +9,7 @@
 #include "dialog/background/JobSender.hpp"
 #include "dialog/background/PrinterOpener.hpp"
 #include "dialog/features/JobConflict.hpp"
-#include "dialog/twin/LpCommand.hpp"
+#include "dialog/twin/JobCommand.hpp"
 #include "dialog/twin/PanelSettings.hpp"
 #include "dialog/twin/PrinterFacts.hpp"
 #include "dialog/twin/Remarks.hpp"
@@ -182,17 +182,12 @@ ExitStatus send(const CommandLine& line, std::shared_ptr<const Document> documen
 
 ExitStatus showCommand(const CommandLine& line, const Plan& plan)
 {
-    if (plan.printer.kind != PrinterKind::Queue) {
-        return failed(noCommandWithoutQueue(plan.printer.name));
+    std::string command;
+    if (const Failure failure =
+            jobCommand(plan.printer, plan.title, plan.options, line.document, command)) {
+        return failed(failure);
     }
-    if (line.document.empty()) {
-        return failed(noCommandWithoutDocument());
-    }
-    const auto command = lpCommand({plan.printer.name, plan.title, plan.options, line.document});
-    if (!command) {
-        return failed(noCommandForOptions());
-    }
-    answer(*command + "\n");
+    answer(command + "\n");
     return ExitStatus::Printed;
 }
 

@@ -18,7 +18,7 @@ std::vector<Frame> outer(const WindowLayout& layout)
     return {layout.printerLabel,  layout.printerPopUp, layout.tapeLabel,   layout.tapePopUp,
             layout.presetsLabel,  layout.presetsPopUp, layout.copiesLabel, layout.copiesField,
             layout.copiesStepper, layout.chooser,      layout.box,         layout.preview,
-            layout.message,       layout.cancel,       layout.print};
+            layout.message,       layout.copyCommand,  layout.cancel,      layout.print};
 }
 
 class EveryPaneSize : public testing::TestWithParam<Size>
@@ -78,6 +78,8 @@ TEST(WindowLayout, PutsPrintAtTheRightOfCancelOnOneLine)
 {
     const WindowLayout layout = layOut({520, 330});
     EXPECT_EQ(layout.print.y, layout.cancel.y);
+    EXPECT_EQ(layout.print.y, layout.copyCommand.y);
+    EXPECT_EQ(layout.copyCommand.x, layout.message.x);
     EXPECT_GT(layout.print.x, layout.cancel.x + layout.cancel.width);
     EXPECT_EQ(layout.printerPopUp.x, layout.tapePopUp.x);
     EXPECT_EQ(layout.printerPopUp.x, layout.presetsPopUp.x);
