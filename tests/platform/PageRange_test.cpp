@@ -20,6 +20,9 @@ TEST(PageRange, TakesASinglePage)
     EXPECT_TRUE(pages.setLast(3));
     EXPECT_EQ(pages.first(), 3u);
     EXPECT_EQ(pages.last(), 3u);
+    PageRange first;
+    EXPECT_TRUE(first.setLast(1));
+    EXPECT_EQ(first.last(), 1u);
 }
 
 TEST(PageRange, RefusesPageZero)

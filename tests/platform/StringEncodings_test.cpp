@@ -27,6 +27,46 @@ TEST(StringEncodings, PairsTheCommonOnes)
     }
 }
 
+TEST(StringEncodings, PairsThePartsOfISO8859)
+{
+    constexpr struct
+    {
+        std::uint32_t part;
+        unsigned long toolkit;
+    } kParts[] = {{1, 5},  {2, 9},  {3, 51},  {4, 52},  {5, 22},  {6, 53},  {7, 54},
+                  {8, 55}, {9, 57}, {10, 58}, {11, 59}, {13, 61}, {14, 62}, {15, 63}};
+    for (const auto& [part, toolkit] : kParts) {
+        EXPECT_EQ(toolkitEncoding(0x0200 + part), toolkit) << part;
+        EXPECT_EQ(foundationEncoding(toolkit), 0x0200 + part) << part;
+    }
+}
+
+TEST(StringEncodings, PairsCodePagesAndTheEncodingsOfEastAsia)
+{
+    constexpr struct
+    {
+        std::uint32_t foundation;
+        unsigned long toolkit;
+    } kPairs[] = {{0x0501, 15}, {0x0502, 11}, {0x0500, 12}, {0x0503, 13}, // Windows 1250 to 1253
+                  {0x0504, 14}, {0x0021, 6},  {0x0A02, 50}, {0x0820, 21},
+                  {0x0930, 56}, {0x0A03, 66}, {0x0940, 67}};
+    for (const auto& [foundation, toolkit] : kPairs) {
+        EXPECT_EQ(toolkitEncoding(foundation), toolkit);
+        EXPECT_EQ(foundationEncoding(toolkit), foundation);
+    }
+}
+
+TEST(StringEncodings, PairsWideCharactersOfEitherByteOrder)
+{
+    // The toolkit's own differ in the highest bit alone.
+    for (const std::uint32_t foundation :
+         {0x10000100u, 0x14000100u, 0x0c000100u, 0x18000100u, 0x1c000100u}) {
+        const unsigned long toolkit = foundation | 0x80000000u;
+        EXPECT_EQ(toolkitEncoding(foundation), toolkit);
+        EXPECT_EQ(foundationEncoding(toolkit), foundation);
+    }
+}
+
 TEST(StringEncodings, AnswerNoneForANumberNobodyGave)
 {
     EXPECT_EQ(toolkitEncoding(0x7777), 0u);

@@ -51,6 +51,8 @@ TEST(FormatScan, KnowsThePlaceholderAlone)
     EXPECT_TRUE(scanned(u"%@").isObjectPlaceholder());
     EXPECT_FALSE(scanned(u"%@ ").isObjectPlaceholder());
     EXPECT_FALSE(scanned(u"%d").isObjectPlaceholder());
+    for (const auto* format : {u"%%@", u"a%@", u"ab%@", u"abc%@", u"abcd%@", u"abcde%@"})
+        EXPECT_FALSE(scanned(format).isObjectPlaceholder()) << std::u16string_view(format).size();
 }
 
 TEST(FormatScan, AnObjectFitsItsPlaceholder)
@@ -73,6 +75,15 @@ TEST(FormatScan, AnIntegerFitsTheIntegerDirectives)
           u"%5d",  u"%05d", u"%-5d|",        u"%+d",   u"% d",  u"%.3d",  u"%ld",
           u"%hhd", u"%1$d", u"%1$d of %1$d", u"%999d", u"%10d", u"%100d", u"%d %%"})
         EXPECT_TRUE(takesInteger(format)) << std::u16string_view(format).size();
+}
+
+TEST(FormatScan, EveryNumberOfAFormatStandsAlone)
+{
+    for (const auto* format : {u"%900%%900d", u"%900.900d", u"%1$900d", u"%900d %% %%"})
+        EXPECT_TRUE(takesInteger(format)) << std::u16string_view(format).size();
+    // A place given for one directive is none for the next.
+    EXPECT_FALSE(takesEither(u"%1$d %d"));
+    EXPECT_FALSE(takesEither(u"%1$% %d %d"));
 }
 
 TEST(FormatScan, AFormatWithoutDirectivesFitsEither)
