@@ -4,6 +4,7 @@
 // holds the panel's view, the summary, or a sentence.
 #pragma once
 
+#include "dialog/Layout.hpp"
 #include "dialog/SummaryLines.hpp"
 #include "dialog/background/JobPhase.hpp"
 #include "dialog/features/ConflictBar.h"
@@ -50,6 +51,7 @@
     NSButton* print_;
     NSView* pane_; // what is shown in the middle; owned
     NSSize paneSize_;
+    dialog::WordWidths words_;
     LabelPreview* preview_; // owned
 }
 

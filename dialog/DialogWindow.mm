@@ -1,7 +1,6 @@
 #include "dialog/DialogWindow.h"
 
 #include "dialog/ControlList.h"
-#include "dialog/Layout.hpp"
 #include "dialog/PopUp.h"
 #include "dialog/SummaryView.h"
 #include "dialog/Text.h"
@@ -9,6 +8,7 @@
 #include "dialog/preview/LabelPreview.h"
 #include "dialog/theme/TapeTheme.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -47,10 +47,21 @@ NSButton* makeButton(NSString* title, NSString* key, id target, SEL action)
     NSButton* const button = [[NSButton alloc] initWithFrame:NSZeroRect];
     [button setTitle:title];
     [button setBezelStyle:NSRoundedBezelStyle];
+    [button setFont:[NSFont systemFontOfSize:12]];
     [button setKeyEquivalent:key];
     [button setTarget:target];
     [button setAction:action];
     return button;
+}
+
+double widest(NSArray* titles)
+{
+    NSDictionary* const attributes = @{NSFontAttributeName : [NSFont systemFontOfSize:12]};
+    double width = 0;
+    for (NSString* title in titles) {
+        width = std::max<double>(width, [title sizeWithAttributes:attributes].width);
+    }
+    return width;
 }
 
 // What the rectangle has of whole pixels, in points.
@@ -191,6 +202,15 @@ NSPopUpButton* openPopUpIn(NSView* view)
         [content addSubview:view];
     }
     paneSize_ = NSMakeSize(520, 330);
+    words_.labels = widest(@[
+        [printerLabel_ stringValue], [tapeLabel_ stringValue], [presetsLabel_ stringValue],
+        [copiesLabel_ stringValue]
+    ]);
+    words_.buttons = widest(@[
+        dialog::localized("Cancel"), dialog::localized("Print"), dialog::localized("Close"),
+        dialog::localized("Cancel Job")
+    ]);
+    words_.copyCommand = widest(@[ [copyCommand_ title] ]);
     [self place];
     [window_ center];
     return self;
@@ -350,7 +370,7 @@ NSPopUpButton* openPopUpIn(NSView* view)
 - (void)place
 {
     const dialog::WindowLayout layout = dialog::layOut(
-        {static_cast<double>(paneSize_.width), static_cast<double>(paneSize_.height)},
+        {static_cast<double>(paneSize_.width), static_cast<double>(paneSize_.height)}, words_,
         [self conflictHeight]);
     const NSRect content = NSMakeRect(0, 0, layout.content.width, layout.content.height);
     const NSRect now = [window_ frame];

@@ -1,6 +1,7 @@
 #include "dialog/Layout.hpp"
 
 #include <algorithm>
+#include <cmath>
 
 namespace dialog {
 
@@ -9,14 +10,19 @@ namespace {
 constexpr double kEdge = 20;
 constexpr double kRow = 24;
 constexpr double kRowGap = 8;
-constexpr double kLabelWidth = 120;
+constexpr double kMinLabelWidth = 120;
+constexpr double kMaxLabelWidth = 300;
+constexpr double kAroundLabel = 6; // what a field keeps free at both sides of its text
 constexpr double kLabelHeight = 17;
 constexpr double kLabelGap = 8;
 constexpr double kCopiesWidth = 52;
 constexpr double kStepperWidth = 16;
 constexpr double kBoxInset = 12;
-constexpr double kButtonWidth = 90;
-constexpr double kCopyCommandWidth = 190; // for the longest of the languages
+constexpr double kMinButtonWidth = 90;
+constexpr double kMaxButtonWidth = 240;
+constexpr double kMinCopyCommandWidth = 190;
+constexpr double kMaxCopyCommandWidth = 280;
+constexpr double kAroundTitle = 20;
 constexpr double kButtonHeight = 26;
 constexpr double kMessageHeight = 30; // two lines
 constexpr double kProgressHeight = 10;
@@ -28,28 +34,40 @@ constexpr double kMinPaneHeight = 120;
 constexpr double kPreviewWidth = 300;
 constexpr double kPreviewGap = 16;
 
-Frame labelBeside(double y) noexcept
+Frame labelBeside(double y, double width) noexcept
 {
-    return {kEdge, y + (kRow - kLabelHeight) / 2, kLabelWidth, kLabelHeight};
+    return {kEdge, y + (kRow - kLabelHeight) / 2, width, kLabelHeight};
+}
+
+// Whole points, so that no edge is drawn between two pixels.
+double roomFor(double word, double least, double most) noexcept
+{
+    return std::clamp(std::ceil(word), least, most);
 }
 
 } // namespace
 
-WindowLayout layOut(Size pane, double conflictHeight) noexcept
+WindowLayout layOut(Size pane, const WordWidths& words, double conflictHeight) noexcept
 {
+    const double labelWidth = roomFor(words.labels + kAroundLabel, kMinLabelWidth, kMaxLabelWidth);
+    const double buttonWidth =
+        roomFor(words.buttons + kAroundTitle, kMinButtonWidth, kMaxButtonWidth);
     const Size inner{std::max(pane.width, kMinPaneWidth), std::max(pane.height, kMinPaneHeight)};
     const double boxWidth = inner.width + 2 * kBoxInset;
     const double boxHeight = inner.height + 2 * kBoxInset;
-    const double controls = kEdge + kLabelWidth + kLabelGap;
+    const double controls = kEdge + labelWidth + kLabelGap;
 
     WindowLayout layout;
     layout.content.width = boxWidth + kPreviewGap + kPreviewWidth + 2 * kEdge;
     const double right = layout.content.width - kEdge;
 
     double y = kEdge;
-    layout.print = {right - kButtonWidth, y, kButtonWidth, kButtonHeight};
-    layout.copyCommand = {kEdge, y, kCopyCommandWidth, kButtonHeight};
-    layout.cancel = {right - 2 * kButtonWidth - kLabelGap, y, kButtonWidth, kButtonHeight};
+    layout.print = {right - buttonWidth, y, buttonWidth, kButtonHeight};
+    layout.cancel = {right - 2 * buttonWidth - kLabelGap, y, buttonWidth, kButtonHeight};
+    layout.copyCommand = {
+        kEdge, y,
+        roomFor(words.copyCommand + kAroundTitle, kMinCopyCommandWidth, kMaxCopyCommandWidth),
+        kButtonHeight};
 
     y += kButtonHeight + kRowGap;
     layout.message = {kEdge, y, right - kEdge, kMessageHeight};
@@ -70,20 +88,20 @@ WindowLayout layOut(Size pane, double conflictHeight) noexcept
     layout.chooser = {kEdge + (boxWidth - kChooserWidth) / 2, y, kChooserWidth, kRow};
 
     y += kRow + kRowGap + 6;
-    layout.copiesLabel = labelBeside(y);
+    layout.copiesLabel = labelBeside(y, labelWidth);
     layout.copiesField = {controls, y + 1, kCopiesWidth, kRow - 2};
     layout.copiesStepper = {controls + kCopiesWidth + 4, y, kStepperWidth, kRow};
 
     y += kRow + kRowGap;
-    layout.presetsLabel = labelBeside(y);
+    layout.presetsLabel = labelBeside(y, labelWidth);
     layout.presetsPopUp = {controls, y, kPopUpWidth, kRow};
 
     y += kRow + kRowGap;
-    layout.tapeLabel = labelBeside(y);
+    layout.tapeLabel = labelBeside(y, labelWidth);
     layout.tapePopUp = {controls, y, kPopUpWidth, kRow};
 
     y += kRow + kRowGap;
-    layout.printerLabel = labelBeside(y);
+    layout.printerLabel = labelBeside(y, labelWidth);
     layout.printerPopUp = {controls, y, kPopUpWidth, kRow};
 
     layout.content.height = y + kRow + kEdge;

@@ -22,6 +22,14 @@ struct Frame
     bool operator==(const Frame&) const = default;
 };
 
+// How wide the words of the language are drawn.
+struct WordWidths
+{
+    double labels = 0;  // the widest title beside a control
+    double buttons = 0; // the widest that Cancel and Print ever have
+    double copyCommand = 0;
+};
+
 struct WindowLayout
 {
     Size content;
@@ -40,8 +48,9 @@ struct WindowLayout
 };
 
 // `pane` is the size the panel's view asks for; the window is never narrower than its own rows.
-// `conflictHeight` is that of the line about choices that do not go together, 0 without one.
-WindowLayout layOut(Size pane, double conflictHeight = 0) noexcept;
+// `words` make room for the languages with long ones.  `conflictHeight` is that of the line about
+// choices that do not go together, 0 without one.
+WindowLayout layOut(Size pane, const WordWidths& words = {}, double conflictHeight = 0) noexcept;
 
 // The width of that line.
 double conflictWidth(Size pane) noexcept;

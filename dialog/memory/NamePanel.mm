@@ -39,6 +39,7 @@ NSButton* makeButton(NSRect frame, NSString* title, NSString* key, id target, SE
     NSButton* const button = [[NSButton alloc] initWithFrame:frame];
     [button setTitle:title];
     [button setBezelStyle:NSRoundedBezelStyle];
+    [button setFont:[NSFont systemFontOfSize:12]];
     [button setKeyEquivalent:key];
     [button setTarget:target];
     [button setAction:action];

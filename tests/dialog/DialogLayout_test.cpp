@@ -88,5 +88,42 @@ TEST(WindowLayout, PutsPrintAtTheRightOfCancelOnOneLine)
     EXPECT_EQ(layout.printerPopUp.x, layout.copiesField.x);
 }
 
+TEST(WordsInTheWindow, GetTheRoomTheyNeedAndNoLess)
+{
+    // Three points are free at both sides of a label's text and ten at both sides of a button's.
+    const WindowLayout layout = layOut({520, 330}, {130.5, 101.2, 180.9});
+    EXPECT_EQ(layout.printerLabel.width, 137);
+    EXPECT_EQ(layout.copiesLabel.width, 137);
+    EXPECT_EQ(layout.printerPopUp.x, 20 + 137 + 8);
+    EXPECT_EQ(layout.copiesField.x, 20 + 137 + 8);
+    EXPECT_EQ(layout.print.width, 122);
+    EXPECT_EQ(layout.cancel.width, 122);
+    EXPECT_EQ(layout.print.x - layout.cancel.x, 122 + 8);
+    EXPECT_EQ(layout.copyCommand.width, 201);
+    EXPECT_EQ(layout.print.x + 122, layout.content.width - 20);
+}
+
+TEST(WordsInTheWindow, LeaveEverythingWhereItIsWhileTheyAreShort)
+{
+    const WindowLayout longest = layOut({520, 330}, {114, 70, 170});
+    EXPECT_EQ(outer(longest), outer(layOut({520, 330})));
+    EXPECT_NE(outer(layOut({520, 330}, {114.1, 70})), outer(longest));
+    EXPECT_NE(outer(layOut({520, 330}, {114, 70.1})), outer(longest));
+    EXPECT_NE(outer(layOut({520, 330}, {114, 70, 170.1})), outer(longest));
+}
+
+TEST(WordsInTheWindow, PushNothingOutOfItHoweverLong)
+{
+    const WindowLayout layout = layOut({0, 0}, {5000, 5000, 5000});
+    const std::vector<Frame> frames = outer(layout);
+    for (std::size_t i = 0; i < frames.size(); ++i) {
+        EXPECT_GE(frames[i].x, 20) << i;
+        EXPECT_LE(frames[i].x + frames[i].width, layout.content.width - 20) << i;
+        for (std::size_t j = i + 1; j < frames.size(); ++j) {
+            EXPECT_FALSE(overlap(frames[i], frames[j])) << i << " and " << j;
+        }
+    }
+}
+
 } // namespace
 } // namespace dialog
