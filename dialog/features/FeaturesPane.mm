@@ -84,6 +84,7 @@ NSPopUpButton* makePopUp(const dialog::Feature& feature)
     NSPopUpButton* const popUp = [[[LongPopUp alloc] initWithFrame:NSZeroRect
                                                          pullsDown:NO] autorelease];
     [popUp setAutoenablesItems:NO];
+    [popUp setFont:[NSFont systemFontOfSize:12]];
     std::vector<std::string> titles;
     titles.reserve(feature.choices.size());
     for (const dialog::FeatureChoice& choice : feature.choices) {
