@@ -2,6 +2,7 @@
 
 #include "dialog/Messages.hpp"
 #include "dialog/Text.h"
+#include "dialog/keyboard/SpokenNames.h"
 #include "dialog/longlist/LongPopUp.h"
 
 #include <cmath>
@@ -18,6 +19,7 @@ struct Listing
 
     void line(std::string_view name, NSView* view, NSRect rect, bool enabled, bool on,
               NSString* value) const;
+    void focus(NSView* view) const;
     void view(NSView* view) const;
     void matrix(NSMatrix* matrix) const;
     void menu(NSMenuView* menu) const;
@@ -40,9 +42,20 @@ void Listing::line(std::string_view name, NSView* view, NSRect rect, bool enable
     }
     result += enabled ? "\tenabled" : "\tdisabled";
     result += on ? "\ton\t" : "\toff\t";
+    if ([view isKindOfClass:[NSControl class]]) {
+        result += shown(toString([(NSControl*)view accessibilityLabel]));
+    }
+    result += '\t';
     result += shown(toString(value));
     result += '\n';
     [text appendString:toNSString(result)];
+}
+
+void Listing::focus(NSView* view) const
+{
+    if (view != nil) {
+        line("Focus", view, [view bounds], true, false, toNSString(nameOf(view)));
+    }
 }
 
 std::string Listing::nameOf(NSView* view) const
@@ -132,10 +145,11 @@ void Listing::view(NSView* view) const
 
 } // namespace
 
-NSString* visibleControls(const ControlNames& names)
+NSString* visibleControls(NSView* focused, const ControlNames& names)
 {
     NSMutableString* const text = [NSMutableString string];
     const Listing listing{names, text};
+    listing.focus(focused);
     for (NSWindow* window in [NSApp windows]) {
         if ([window isVisible]) {
             listing.view([window contentView]);

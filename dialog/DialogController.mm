@@ -9,6 +9,7 @@
 #include "dialog/Text.h"
 #include "dialog/Translate.hpp"
 #include "dialog/background/Leaving.hpp"
+#include "dialog/keyboard/CopiesStep.hpp"
 #include "dialog/twin/Twin.hpp"
 
 #include <cstdio>
@@ -177,7 +178,7 @@ constexpr NSTimeInterval kListingInterval = 0.1;
     if (loaded_ == nil) {
         return;
     }
-    [[window_ window] makeFirstResponder:nil];
+    [window_ endTyping];
     [presets_ panelDidClose];
     [[loaded_ panel] printWindowWillClose:NO];
     [window_ showSentence:@""];
@@ -304,6 +305,7 @@ constexpr NSTimeInterval kListingInterval = 0.1;
 - (void)choosePrinter:(id)sender
 {
     const NSInteger index = [[window_ printerPopUp] indexOfSelectedItem];
+    [window_ giveKeyboardTo:[window_ printerPopUp]];
     if (index >= 0) {
         [self chooseAnother:static_cast<std::size_t>(index)];
     }
@@ -319,7 +321,7 @@ constexpr NSTimeInterval kListingInterval = 0.1;
     if (name == [host_ paperName]) {
         return;
     }
-    [[window_ window] makeFirstResponder:nil];
+    [window_ giveKeyboardTo:[window_ tapePopUp]];
     if ([presets_ userChoseTape:name]) {
         return;
     }
@@ -342,7 +344,7 @@ constexpr NSTimeInterval kListingInterval = 0.1;
     if (index < 0 || static_cast<std::size_t>(index) >= panes_.size()) {
         return;
     }
-    [[window_ window] makeFirstResponder:nil];
+    [window_ giveKeyboardTo:[window_ chooser]];
     const dialog::PaneKind kind = panes_[static_cast<std::size_t>(index)].kind;
     if (kind != dialog::PaneKind::Panel && loaded_ != nil && ![[loaded_ panel] shouldHide]) {
         [[window_ chooser] selectItemAtIndex:0];
@@ -363,6 +365,22 @@ constexpr NSTimeInterval kListingInterval = 0.1;
         dialog::parseCopies(dialog::toString([[window_ copiesField] stringValue]), copies)) {
         [[window_ stepper] setIntValue:copies];
     }
+}
+
+// The arrow keys step the copies as the buttons beside the field do.
+- (BOOL)control:(NSControl*)control textView:(NSTextView*)editor doCommandBySelector:(SEL)command
+{
+    const bool isUp = sel_isEqual(command, @selector(moveUp:));
+    if (control != [window_ copiesField] ||
+        (!isUp && !sel_isEqual(command, @selector(moveDown:)))) {
+        return NO;
+    }
+    const std::string text =
+        dialog::steppedCopies(dialog::toString([editor string]), isUp ? 1 : -1);
+    [editor setString:dialog::toNSString(text)];
+    [editor selectAll:nil];
+    [[window_ stepper] setIntValue:[dialog::toNSString(text) intValue]];
+    return YES;
 }
 
 - (void)cancelDialog:(id)sender
@@ -386,9 +404,11 @@ constexpr NSTimeInterval kListingInterval = 0.1;
 
 - (BOOL)printNow
 {
+    NSView* const focused = [window_ focusedView];
     dialog::JobTicket ticket;
     if (const dialog::Failure failure = [self prepareJob:ticket]) {
         [self report:failure];
+        [window_ giveKeyboardTo:focused];
         return NO;
     }
     [presets_ jobBegins];
@@ -412,7 +432,7 @@ constexpr NSTimeInterval kListingInterval = 0.1;
 - (dialog::Failure)prepareJob:(dialog::JobTicket&)ticket
 {
     [window_ showMessage:@"" isFailure:NO];
-    [[window_ window] makeFirstResponder:nil];
+    [window_ endTyping];
     const std::string text = dialog::toString([[window_ copiesField] stringValue]);
     std::int32_t copies = dialog::kMinCopies;
     if (!dialog::parseCopies(text, copies)) {

@@ -8,6 +8,7 @@
 #include "dialog/SummaryLines.hpp"
 #include "dialog/background/JobPhase.hpp"
 #include "dialog/features/ConflictBar.h"
+#include "dialog/keyboard/KeyboardWindow.h"
 
 #include <AppKit/AppKit.h>
 
@@ -29,7 +30,7 @@
 @class ListKeepingWindow;
 @class LabelPreview;
 
-@interface DialogWindow : NSObject
+@interface DialogWindow : NSObject <KeyboardParts>
 {
     ListKeepingWindow* window_;
     NSPopUpButton* printer_;
@@ -58,6 +59,14 @@
 - (id)initWithController:(id<DialogActions>)controller;
 
 - (NSWindow*)window;
+
+// What a key would act on; nil when there is nothing.
+- (NSView*)focusedView;
+// Ends what is being typed; any other control keeps the keyboard.
+- (void)endTyping;
+// Ends what is being typed; nothing happens for nil.
+- (void)giveKeyboardTo:(NSView*)control;
+
 - (NSPopUpButton*)printerPopUp;
 - (NSPopUpButton*)tapePopUp;
 - (NSPopUpButton*)presetsPopUp; // its target is set by whoever fills it
@@ -104,8 +113,9 @@
 - (BOOL)writePicture:(NSString*)path;
 
 // One line for each control that can be seen: its name, the screen frame of what can be clicked
-// (pixels; left, top, width, height), "enabled" or "disabled", "on" or "off", and its text; tabs
-// between them.
+// (pixels; left, top, width, height), "enabled" or "disabled", "on" or "off", what it is called for
+// assistive technology, and its text; tabs between them.  A line named Focus comes first when a key
+// would act on a control.
 - (NSString*)visibleControls;
 
 @end

@@ -4,6 +4,7 @@
 #include "dialog/PopUp.h"
 #include "dialog/SummaryView.h"
 #include "dialog/Text.h"
+#include "dialog/keyboard/KeyboardWindow.h"
 #include "dialog/longlist/LongPopUp.h"
 #include "dialog/preview/LabelPreview.h"
 #include "dialog/theme/TapeTheme.h"
@@ -97,7 +98,7 @@ NSPopUpButton* openPopUpIn(NSView* view)
 
 // Keys that come while the mouse holds a list open are meant for the list; the toolkit would give
 // them to the window as soon as the mouse is let go, and Escape would end the dialog.
-@interface ListKeepingWindow : NSWindow
+@interface ListKeepingWindow : KeyboardWindow
 {
     BOOL wasTouched_;
 }
@@ -201,6 +202,10 @@ NSPopUpButton* openPopUpIn(NSView* view)
          ]) {
         [content addSubview:view];
     }
+    [chooser_ setToolTip:dialog::localized("Settings shown")];
+    [window_ setParts:self];
+    [window_ letCaptions:@[ printerLabel_, tapeLabel_, presetsLabel_, copiesLabel_ ]
+                  leadTo:@[ printer_, tape_, presets_, copies_ ]];
     paneSize_ = NSMakeSize(520, 330);
     words_.labels = widest(@[
         [printerLabel_ stringValue], [tapeLabel_ stringValue], [presetsLabel_ stringValue],
@@ -219,6 +224,7 @@ NSPopUpButton* openPopUpIn(NSView* view)
 - (void)dealloc
 {
     [window_ setDelegate:nil];
+    [window_ setParts:nil];
     [copies_ setDelegate:nil];
     [pane_ removeFromSuperview];
     for (NSView* view in @[
@@ -238,6 +244,38 @@ NSPopUpButton* openPopUpIn(NSView* view)
 - (NSWindow*)window
 {
     return window_;
+}
+
+- (NSView*)focusedView
+{
+    return [window_ focusedView];
+}
+
+- (void)giveKeyboardTo:(NSView*)control
+{
+    if (control != nil && control != [window_ focusedView]) {
+        [window_ makeFirstResponder:control];
+    }
+}
+
+- (void)endTyping
+{
+    [window_ endTyping];
+}
+
+- (std::vector<NSView*>)keyboardParts
+{
+    std::vector<NSView*> parts = {printer_, tape_, presets_, copies_, chooser_};
+    if (pane_ != nil) {
+        parts.push_back(pane_);
+    }
+    parts.insert(parts.end(), {conflict_, copyCommand_, cancel_, print_});
+    return parts;
+}
+
+- (NSPopUpButton*)pages
+{
+    return chooser_;
 }
 
 - (NSPopUpButton*)printerPopUp
@@ -488,23 +526,24 @@ NSPopUpButton* openPopUpIn(NSView* view)
 
 - (NSString*)visibleControls
 {
-    return dialog::visibleControls({{printer_, "Printer"},
-                                    {tape_, "Tape"},
-                                    {presets_, "Presets"},
-                                    {copies_, "Copies"},
-                                    {stepper_, "Copies Stepper"},
-                                    {chooser_, "Pane"},
-                                    {[conflict_ sentenceField], "Conflict"},
-                                    {[conflict_ remedyButton], "Resolve"},
-                                    {message_, "Message"},
-                                    {progress_, "Progress"},
-                                    {[preview_ pictureControl], "Label Picture"},
-                                    {[preview_ sizeField], "Label Size"},
-                                    {[preview_ usedField], "Tape Used"},
-                                    {[preview_ remarksField], "Document Remarks"},
-                                    {copyCommand_, "Copy as Command"},
-                                    {cancel_, "Cancel"},
-                                    {print_, "Print"}});
+    const dialog::ControlNames names = {{printer_, "Printer"},
+                                        {tape_, "Tape"},
+                                        {presets_, "Presets"},
+                                        {copies_, "Copies"},
+                                        {stepper_, "Copies Stepper"},
+                                        {chooser_, "Pane"},
+                                        {[conflict_ sentenceField], "Conflict"},
+                                        {[conflict_ remedyButton], "Resolve"},
+                                        {message_, "Message"},
+                                        {progress_, "Progress"},
+                                        {[preview_ pictureControl], "Label Picture"},
+                                        {[preview_ sizeField], "Label Size"},
+                                        {[preview_ usedField], "Tape Used"},
+                                        {[preview_ remarksField], "Document Remarks"},
+                                        {copyCommand_, "Copy as Command"},
+                                        {cancel_, "Cancel"},
+                                        {print_, "Print"}};
+    return dialog::visibleControls([window_ focusedView], names);
 }
 
 @end

@@ -5,28 +5,45 @@
 #include "dialog/Translate.hpp"
 #include "dialog/features/FeatureValue.hpp"
 #include "dialog/features/FeaturesLayout.hpp"
+#include "dialog/keyboard/SpokenNames.h"
 #include "dialog/longlist/LongPopUp.h"
 
 #include <algorithm>
 
-@interface FeatureRows : NSView <ControlNaming>
+@interface FeatureRows : NSView <ControlNaming, SpokenNaming>
 {
-    std::vector<std::pair<NSView*, std::string>> names_; // of subviews
+    struct Named
+    {
+        NSView* control; // a subview
+        std::string name;
+        std::string spoken;
+    };
+    std::vector<Named> names_;
 }
-- (void)name:(NSView*)control as:(const std::string&)name;
+- (void)name:(NSView*)control as:(const std::string&)name spoken:(const std::string&)spoken;
 @end
 
 @implementation FeatureRows
-- (void)name:(NSView*)control as:(const std::string&)name
+- (void)name:(NSView*)control as:(const std::string&)name spoken:(const std::string&)spoken
 {
-    names_.emplace_back(control, name);
+    names_.push_back({control, name, spoken});
 }
 
 - (NSString*)nameOfControl:(NSView*)control
 {
-    for (const auto& [named, name] : names_) {
-        if (named == control) {
-            return dialog::toNSString(name);
+    for (const Named& named : names_) {
+        if (named.control == control) {
+            return dialog::toNSString(named.name);
+        }
+    }
+    return nil;
+}
+
+- (NSString*)spokenNameOfControl:(NSView*)control
+{
+    for (const Named& named : names_) {
+        if (named.control == control) {
+            return dialog::toNSString(named.spoken);
         }
     }
     return nil;
@@ -119,6 +136,15 @@ std::string nameOf(const dialog::Feature& feature, std::size_t choice)
     return feature.kind == dialog::FeatureKind::PickMany
                ? name + " " + feature.choices[choice].keyword
                : name;
+}
+
+// A box of several says what it belongs to.
+std::string spokenNameOf(const dialog::Feature& feature, std::size_t choice)
+{
+    return feature.kind == dialog::FeatureKind::PickMany
+               ? dialog::filled(dialog::tr("{1}:"), {feature.title}) + " " +
+                     feature.choices[choice].title
+               : feature.title;
 }
 
 dialog::FeatureRow rowFor(const dialog::Feature& feature, NSFont* font)
@@ -280,7 +306,7 @@ std::vector<dialog::FeatureRow> needsOf(const dialog::Features& offered)
     for (std::size_t i = 0; i < row.controls.size(); ++i) {
         NSControl* const control = row.controls[i];
         [control setFrame:toRect(place.controls[i])];
-        [rows name:control as:nameOf(feature, i)];
+        [rows name:control as:nameOf(feature, i) spoken:spokenNameOf(feature, i)];
         [control setTarget:chooser];
         [control setAction:@selector(choose:)];
         [rows addSubview:control];

@@ -200,10 +200,7 @@ constexpr NSTimeInterval kAlertInterval = 0.1; // between looks whether an alert
     }
     const dialog::PresetEntry& entry = entries[static_cast<std::size_t>(index)];
     NSWindow* const window = [owner_ presetWindow];
-    const BOOL byKeyboard = [window firstResponder] == popUp_;
-    if (!byKeyboard) {
-        [window makeFirstResponder:nil]; // ends what is being typed
-    }
+    [window makeFirstResponder:popUp_]; // ends what is being typed
     [owner_ presetsSay:{}];
     switch (entry.action) {
     case dialog::PresetAction::SaveAs:
@@ -223,9 +220,7 @@ constexpr NSTimeInterval kAlertInterval = 0.1; // between looks whether an alert
     }
     [self fillPopUp];
     [self sayNotice];
-    if (byKeyboard) {
-        [window makeFirstResponder:popUp_];
-    }
+    [window makeFirstResponder:popUp_];
 }
 
 - (void)reopenWith:(const std::optional<dialog::Start>&)start

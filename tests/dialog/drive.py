@@ -10,7 +10,7 @@ import time
 
 PATIENCE = 30  # seconds for anything the dialog is waited for
 
-Control = collections.namedtuple("Control", "name x y width height enabled on text")
+Control = collections.namedtuple("Control", "name x y width height enabled on spoken text")
 
 
 class Failed(Exception):
@@ -66,9 +66,9 @@ def picture_of(control):
 def parse_controls(text):
     controls = []
     for line in text.splitlines():
-        name, x, y, width, height, enabled, on, value = line.split("\t", 7)
+        name, x, y, width, height, enabled, on, spoken, value = line.split("\t", 8)
         controls.append(Control(name, int(x), int(y), int(width), int(height),
-                                enabled == "enabled", on == "on", value))
+                                enabled == "enabled", on == "on", spoken, value))
     return controls
 
 
