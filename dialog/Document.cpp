@@ -2,6 +2,7 @@
 
 #include "dialog/BuiltIn.hpp"
 #include "dialog/JobOptions.hpp"
+#include "dialog/Translate.hpp"
 
 #include <cerrno>
 #include <cstring>
@@ -36,7 +37,7 @@ Document Document::open(const std::string& path)
     if (file < 0 || fstat(file, &information) != 0) {
         document.failure_ = documentNotReadable(path, std::strerror(errno));
     } else if (!S_ISREG(information.st_mode)) {
-        document.failure_ = documentNotReadable(path, "it is not a regular file");
+        document.failure_ = documentNotReadable(path, tr("it is not a regular file"));
     }
     if (file >= 0) {
         close(file);

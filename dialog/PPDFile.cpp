@@ -2,6 +2,7 @@
 
 #include "dialog/Descriptor.hpp"
 #include "dialog/PPDSizes.hpp"
+#include "dialog/Translate.hpp"
 
 #include <algorithm>
 #include <cerrno>
@@ -177,7 +178,7 @@ PPDFile PPDFile::fromPath(const std::string& path, Failure& failure)
         return {};
     }
     if (!S_ISREG(information.st_mode)) {
-        failure = ppdNotReadable(path, "it is not a regular file");
+        failure = ppdNotReadable(path, tr("it is not a regular file"));
         return {};
     }
     std::string bytes;

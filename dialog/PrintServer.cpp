@@ -316,7 +316,7 @@ SentJob sendJob(const std::string& queue, const std::string& title,
     }
     const File document(fdopen(descriptor, "rb"));
     if (!S_ISREG(information.st_mode)) {
-        sent.failure = documentNotReadable(documentPath, "it is not a regular file");
+        sent.failure = documentNotReadable(documentPath, tr("it is not a regular file"));
         return sent;
     }
     if (progress != nullptr) {
@@ -361,7 +361,7 @@ SentJob sendJob(const std::string& queue, const std::string& title,
             return sent;
         }
         sent.failure = readable ? jobRefused(queue, lastReason())
-                                : documentNotReadable(documentPath, "reading stopped early");
+                                : documentNotReadable(documentPath, tr("reading stopped early"));
     }
     sent = stopped(std::move(sent), cancellation);
     if (job != 0) {
