@@ -76,7 +76,8 @@ def TheDebianPackageHasEveryPartAndItsNeeds(folder):
               "share/doc/page-settings/copyright", "share/page-settings/samples/sample-tape.ppd",
               "share/icons/hicolor/scalable/apps/tape-print.svg", "share/man/man1/tape-print.1.gz",
               "share/bash-completion/completions/tape-print",
-              "share/zsh/vendor-completions/_tape-print"]
+              "share/zsh/vendor-completions/_tape-print",
+              *(f"share/locale/{name}/LC_MESSAGES/tape-print.mo" for name in LANGUAGES)]
     missing = [name for name in wanted if f"./usr/{name}" not in inside]
     assert not missing, missing
     needs = output_of("dpkg-deb", "-f", package, "Depends")
