@@ -18,6 +18,7 @@ NSRect toRect(const dialog::Frame& frame)
 @interface ConflictBar (Placing)
 - (void)place;
 - (double)titleWidth;
+- (double)textHeightForWidth:(double)width;
 @end
 
 @implementation ConflictBar
@@ -87,17 +88,22 @@ NSRect toRect(const dialog::Frame& frame)
     return [remedy_ isHidden] ? 0 : [[remedy_ title] sizeWithAttributes:attributes].width;
 }
 
-- (double)heightForWidth:(double)width
+- (double)textHeightForWidth:(double)width
 {
-    const dialog::Frame sentence =
-        dialog::layOutConflictBar({width, 0}, [self titleWidth]).sentence;
     NSDictionary* const attributes = @{NSFontAttributeName : [sentence_ font]};
     NSAttributedString* const text =
         [[[NSAttributedString alloc] initWithString:[sentence_ stringValue]
                                          attributes:attributes] autorelease];
-    const NSRect needed = [text boundingRectWithSize:NSMakeSize(sentence.width - kAroundText, 1000)
+    const NSRect needed = [text boundingRectWithSize:NSMakeSize(width - kAroundText, 1000)
                                              options:NSStringDrawingUsesLineFragmentOrigin];
-    return dialog::conflictBarHeight(NSHeight(needed));
+    return NSHeight(needed);
+}
+
+- (double)heightForWidth:(double)width
+{
+    const dialog::Frame sentence =
+        dialog::layOutConflictBar({width, 0}, [self titleWidth]).sentence;
+    return dialog::conflictBarHeight([self textHeightForWidth:sentence.width]);
 }
 
 - (void)place
@@ -105,7 +111,8 @@ NSRect toRect(const dialog::Frame& frame)
     const NSSize size = [self bounds].size;
     const dialog::ConflictBarLayout layout = dialog::layOutConflictBar(
         {static_cast<double>(size.width), static_cast<double>(size.height)}, [self titleWidth]);
-    [sentence_ setFrame:toRect(layout.sentence)];
+    [sentence_ setFrame:toRect(dialog::sentenceInTheMiddle(
+                            layout.sentence, [self textHeightForWidth:layout.sentence.width]))];
     [remedy_ setFrame:toRect(layout.remedy)];
     [self setNeedsDisplay:YES];
 }

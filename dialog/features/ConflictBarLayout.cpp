@@ -24,6 +24,12 @@ ConflictBarLayout layOutConflictBar(Size bar, double titleWidth) noexcept
             {bar.width - width, (bar.height - kButtonHeight) / 2, width, kButtonHeight}};
 }
 
+Frame sentenceInTheMiddle(const Frame& place, double textHeight) noexcept
+{
+    const double height = std::min(textHeight, place.height);
+    return {place.x, place.y + (place.height - height) / 2, place.width, height};
+}
+
 double conflictBarHeight(double textHeight) noexcept
 {
     return std::clamp(textHeight, kLeastHeight, kMostHeight);

@@ -17,6 +17,9 @@ struct ConflictBarLayout
 // fifths of the width.
 ConflictBarLayout layOutConflictBar(Size bar, double titleWidth) noexcept;
 
+// The sentence alone in the middle of its place's height.
+Frame sentenceInTheMiddle(const Frame& place, double textHeight) noexcept;
+
 // `textHeight` is that of the wrapped sentence.  Two lines at least, four at most.
 double conflictBarHeight(double textHeight) noexcept;
 

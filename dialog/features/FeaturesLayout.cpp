@@ -19,6 +19,7 @@ constexpr double kHeadingHeight = 18;
 constexpr double kRowGap = 8;
 constexpr double kBoxGap = 3;
 constexpr double kAboveHeading = 8;
+constexpr double kLineHeight = 5; // the room that the toolkit draws a thin line in
 
 // Beside the first line of a control of that height; a title too long for one line takes two.
 Frame label(const FeatureRow& row, double y, double controlHeight) noexcept
@@ -47,7 +48,8 @@ FeaturesLayout layOutFeatures(const std::vector<FeatureRow>& rows, double width)
         case FeatureRowKind::Heading:
             if (!layout.rows.empty()) {
                 y += kAboveHeading;
-                place.line = {kSide, y - kAboveHeading / 2, std::max(width - 2 * kSide, 0.0), 1};
+                place.line = {kSide, y - (kAboveHeading + kLineHeight) / 2,
+                              std::max(width - 2 * kSide, 0.0), kLineHeight};
                 y += kAboveHeading;
             }
             place.label = {kSide, y, std::max(width - 2 * kSide, 0.0), kHeadingHeight};

@@ -77,6 +77,7 @@ TEST(FeaturesLayout, DrawsALineAboveEveryHeadingButTheFirst)
     const FeaturesLayout layout = layOutFeatures(kRows, 560);
     EXPECT_EQ(layout.rows[0].line, Frame());
     EXPECT_EQ(layout.rows[3].line.width, 520);
+    EXPECT_EQ(layout.rows[3].line.height, 5); // with less the line is not drawn at every scale
     EXPECT_GT(layout.rows[3].line.y, layout.rows[2].controls[0].y + 20);
     EXPECT_LT(layout.rows[3].line.y, layout.rows[3].label.y);
 }
@@ -104,6 +105,12 @@ TEST(ConflictBarLayout, GivesTheSentenceAllWithoutAButton)
 {
     EXPECT_EQ(layOutConflictBar({500, 34}, 0).sentence, (Frame{0, 0, 500, 34}));
     EXPECT_EQ(layOutConflictBar({500, 34}, 0).remedy, Frame());
+}
+
+TEST(SentenceInTheMiddle, HasAsMuchAboveAsBelow)
+{
+    EXPECT_EQ(sentenceInTheMiddle({10, 0, 300, 34}, 16), (Frame{10, 9, 300, 16}));
+    EXPECT_EQ(sentenceInTheMiddle({10, 0, 300, 34}, 50), (Frame{10, 0, 300, 34}));
 }
 
 TEST(ConflictBarHeight, IsTwoToFourLines)
