@@ -14,23 +14,15 @@ import time
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from drive import (Dialog, Failed, check, equal, options_of, picture_of, run_once,  # noqa: E402
-                   wait_for, xdotool)
+from drive import (Dialog, check, equal, options_of, picture_of, run_once, wait_for,  # noqa: E402
+                   xdotool)
+from sentences import main, test  # noqa: E402
 
 PROGRAM, SAMPLES = sys.argv[1], sys.argv[2]
 LENGTH, MARGIN = 0, 1  # the panel's entry fields from above
 FIELD = "PDETextField13_v100_"
 # Nobody listens at port 1: no test here may meet the machine's own print server.
 NO_SERVER = {"CUPS_SERVER": "127.0.0.1:1"}
-TESTS = {}
-
-
-def test(function):
-    words = function.__name__.split("_")
-    TESTS["".join(word[:1].upper() + word[1:] for word in words)] = function
-    return function
-
-
 def sample(name):
     return "{}/sample-tape{}.ppd".format(SAMPLES, name and "-" + name)
 
@@ -595,15 +587,6 @@ def a_refused_job_is_said_and_the_window_stays_usable():
         dialog.end(0)
     equal(arrived(1)["options"]["VnTapeLength"], "100.0", "length")
 
-
-def main():
-    sentence = sys.argv[3]
-    try:
-        TESTS[sentence]()
-    except Failed as failure:
-        print("FAILED {}: {}".format(sentence, failure))
-        sys.exit(1)
-    print("passed", sentence)
 
 
 if __name__ == "__main__":

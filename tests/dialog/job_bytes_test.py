@@ -14,8 +14,9 @@ import time
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from dialog_test import PROGRAM, TESTS, arrived, test  # noqa: E402
-from drive import Failed, check, equal, run_once, wait_for  # noqa: E402
+from dialog_test import PROGRAM, arrived  # noqa: E402
+from drive import check, equal, run_once, wait_for  # noqa: E402
+from sentences import main, test  # noqa: E402
 from slow_server import Between  # noqa: E402
 
 SERVER = os.environ.get("CUPS_SERVER", "")
@@ -228,17 +229,6 @@ def a_server_that_goes_away_leaves_no_job():
                 check(errors.startswith("tape-print: "), errors)
         equal(jobs_at_server(), [], "jobs")
 
-
-def main():
-    failures = 0
-    for sentence in sys.argv[3:]:
-        try:
-            TESTS[sentence]()
-            print("passed", sentence)
-        except Failed as failure:
-            failures += 1
-            print("FAILED {}: {}".format(sentence, failure))
-    sys.exit(1 if failures else 0)
 
 
 if __name__ == "__main__":

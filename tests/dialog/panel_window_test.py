@@ -13,10 +13,10 @@ import time
 sys.dont_write_bytecode = True
 HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path[:0] = [HERE, os.path.join(os.path.dirname(HERE), "support")]
-from dialog_test import (FIELD, LENGTH, MARGIN, PROGRAM, TESTS, arrived, ppd,  # noqa: E402
-                         test)
-from drive import Dialog, Failed, check, equal, nudge, wait_for, xdotool  # noqa: E402
+from dialog_test import FIELD, LENGTH, MARGIN, PROGRAM, arrived, ppd  # noqa: E402
+from drive import Dialog, check, equal, nudge, wait_for, xdotool  # noqa: E402
 from ipp import job_attributes  # noqa: E402
+from sentences import main, test  # noqa: E402
 
 SLIDER = "NSSlider"
 A_WHILE = 0.5  # seconds; several times as long as the dialog takes to show a change
@@ -456,17 +456,6 @@ def a_fixed_label_arrives_with_its_own_length():
     printed("zr", edits, PageSize="DC24x40", VnTapeLength="40.0", VnMargin="3.0",
             VnPriority="Speed", Resolution="300x300dpi", VnCompress="Off")
 
-
-def main():
-    failures = 0
-    for sentence in sys.argv[3:]:
-        try:
-            TESTS[sentence]()
-            print("passed", sentence)
-        except Failed as failure:
-            failures += 1
-            print("FAILED {}: {}".format(sentence, failure))
-    sys.exit(1 if failures else 0)
 
 
 if __name__ == "__main__":

@@ -10,8 +10,9 @@ import sys
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from dialog_test import FIELD, LENGTH, TESTS, ppd, test  # noqa: E402
-from drive import Failed, check, equal  # noqa: E402
+from dialog_test import FIELD, LENGTH, ppd  # noqa: E402
+from drive import check, equal  # noqa: E402
+from sentences import main, test  # noqa: E402
 
 
 def worked_at(scale):
@@ -40,17 +41,6 @@ def everything_is_in_its_place_at_one_and_a_half_pixels_to_a_point():
 def everything_is_in_its_place_at_two_pixels_to_a_point():
     worked_at(2)
 
-
-def main():
-    failures = 0
-    for sentence in sys.argv[3:]:
-        try:
-            TESTS[sentence]()
-            print("passed", sentence)
-        except Failed as failure:
-            failures += 1
-            print("FAILED {}: {}".format(sentence, failure))
-    sys.exit(1 if failures else 0)
 
 
 if __name__ == "__main__":

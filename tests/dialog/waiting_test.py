@@ -11,8 +11,9 @@ import tempfile
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from dialog_test import FIELD, LENGTH, PROGRAM, TESTS, arrived, test  # noqa: E402
-from drive import Dialog, Failed, check, equal, run_once, wait_for, xdotool  # noqa: E402
+from dialog_test import FIELD, LENGTH, PROGRAM, arrived  # noqa: E402
+from drive import Dialog, check, equal, run_once, wait_for, xdotool  # noqa: E402
+from sentences import main, test  # noqa: E402
 from slow_server import Between  # noqa: E402
 
 SAMPLE = "Sample Tape (prints into a folder)"
@@ -318,17 +319,6 @@ def a_script_is_told_what_becomes_of_its_job():
     equal((status, answer), (8, ""), "on a queue that takes no jobs")
     check('The print server did not take the job for "tape"' in errors, errors)
 
-
-def main():
-    failures = 0
-    for sentence in sys.argv[3:]:
-        try:
-            TESTS[sentence]()
-            print("passed", sentence)
-        except Failed as failure:
-            failures += 1
-            print("FAILED {}: {}".format(sentence, failure))
-    sys.exit(1 if failures else 0)
 
 
 if __name__ == "__main__":

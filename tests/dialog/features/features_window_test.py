@@ -8,8 +8,9 @@ import tempfile
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-from dialog_test import NO_SERVER, PROGRAM, TESTS, ppd, sample, test  # noqa: E402
-from drive import Failed, check, equal, nudge, options_of, run_once, wait_for, xdotool  # noqa: E402
+from dialog_test import NO_SERVER, PROGRAM, ppd, sample  # noqa: E402
+from drive import check, equal, nudge, options_of, run_once, wait_for, xdotool  # noqa: E402
+from sentences import main, test  # noqa: E402
 
 
 def feature(keyword):
@@ -217,17 +218,6 @@ def a_printer_without_features_has_no_pane_for_them():
         equal([c.text for c in dialog.all("item")], ["Page Settings", "Summary"], "panes")
         xdotool("mouseup", 1)
 
-
-def main():
-    failures = 0
-    for sentence in sys.argv[3:]:
-        try:
-            TESTS[sentence]()
-            print("passed", sentence)
-        except Failed as failure:
-            failures += 1
-            print("FAILED {}: {}".format(sentence, failure))
-    sys.exit(1 if failures else 0)
 
 
 if __name__ == "__main__":

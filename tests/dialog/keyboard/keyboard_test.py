@@ -7,8 +7,9 @@ import sys
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-from dialog_test import TESTS, ppd, test  # noqa: E402
+from dialog_test import ppd  # noqa: E402
 from drive import Failed, check, equal, nudge, wait_for, xdotool  # noqa: E402
+from sentences import main, test  # noqa: E402
 
 KEYBOARD_OF_ALL = ["Printer", "Tape", "Presets", "Copies", "Settings shown"]
 
@@ -201,17 +202,6 @@ def return_prints_from_a_list_and_escape_closes():
         dialog.end(1)
         check(not os.path.exists(dialog.output), "something was printed")
 
-
-def main():
-    failures = 0
-    for sentence in sys.argv[3:]:
-        try:
-            TESTS[sentence]()
-            print("passed", sentence)
-        except Failed as failure:
-            failures += 1
-            print("FAILED {}: {}".format(sentence, failure))
-    sys.exit(1 if failures else 0)
 
 
 if __name__ == "__main__":

@@ -13,21 +13,14 @@ import sys
 sys.dont_write_bytecode = True
 HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path[:0] = [os.path.dirname(HERE), HERE + "/../../support"]
-from drive import Dialog, Failed, check, equal, options_of, run_once, wait_for, xdotool  # noqa: E402
+from drive import (Dialog, Failed, check, equal, options_of, run_once, wait_for,  # noqa: E402
+                   xdotool)
+from sentences import main, test  # noqa: E402
 
 PROGRAM, SAMPLES = sys.argv[1], sys.argv[2]
 LABEL = SAMPLES + "/label.png"
 LENGTH, MARGIN = 0, 1  # the panel's entry fields from above
 FIELD = "PDETextField13_v100_"
-TESTS = {}
-
-
-def test(function):
-    words = function.__name__.split("_")
-    TESTS["".join(word[:1].upper() + word[1:] for word in words)] = function
-    return function
-
-
 def clipboard():
     """Empty while nobody has copied anything."""
     return subprocess.run(["xclip", "-o", "-selection", "clipboard"], capture_output=True,
@@ -137,14 +130,6 @@ def what_cannot_be_copied_is_said_and_leaves_the_window_usable():
         dialog.end(0)
         equal(dialog.job_in_folder()["VnTapeLength"], "100.0", "length")
 
-
-def main():
-    try:
-        TESTS[sys.argv[3]]()
-        print("passed", sys.argv[3])
-    except Failed as failure:
-        print("FAILED {}: {}".format(sys.argv[3], failure))
-        sys.exit(1)
 
 
 if __name__ == "__main__":

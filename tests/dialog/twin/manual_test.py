@@ -13,21 +13,13 @@ import tempfile
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-from drive import Failed, check, equal  # noqa: E402
+from drive import check, equal  # noqa: E402
+from sentences import main, test  # noqa: E402
 
 PROGRAM, SOURCE = sys.argv[1], sys.argv[2]
 MANUAL = SOURCE + "/docs/man/tape-print.1"
 BASH = SOURCE + "/packaging/completion/tape-print.bash"
 ZSH = SOURCE + "/packaging/completion/_tape-print"
-TESTS = {}
-
-
-def test(function):
-    words = function.__name__.split("_")
-    TESTS["".join(word[:1].upper() + word[1:] for word in words)] = function
-    return function
-
-
 def output_of(*command, **settings):
     environment = {name: value for name, value in os.environ.items()
                    if name not in ("DISPLAY", "LANGUAGE")}
@@ -134,14 +126,6 @@ def zsh_offers_every_option_and_what_is_known_of_its_value():
     equal(by_zsh("_tape_print_settings", "--ppd", few, "--set", ""),
           ["VnPriority=Quality", "VnPriority=Speed"], "options of the first printer")
 
-
-def main():
-    try:
-        TESTS[sys.argv[3]]()
-        print("passed", sys.argv[3])
-    except Failed as failure:
-        print("FAILED {}: {}".format(sys.argv[3], failure))
-        sys.exit(1)
 
 
 if __name__ == "__main__":

@@ -20,20 +20,12 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path[:0] = [os.path.dirname(HERE), HERE + "/../../support"]
 from drive import Failed, check, equal, options_of, wait_for  # noqa: E402
 from ipp import job_attributes  # noqa: E402
+from sentences import main, test  # noqa: E402
 
 PROGRAM, SAMPLES = sys.argv[1], sys.argv[2]
 LABEL = SAMPLES + "/label.png"
 # Nobody listens at port 1: no test here may meet the machine's own print server.
 NO_SERVER = {"CUPS_SERVER": "127.0.0.1:1"}
-TESTS = {}
-
-
-def test(function):
-    words = function.__name__.split("_")
-    TESTS["".join(word[:1].upper() + word[1:] for word in words)] = function
-    return function
-
-
 def sample(name):
     return "{}/sample-tape-{}.ppd".format(SAMPLES, name)
 
@@ -492,17 +484,6 @@ def a_queue_that_takes_no_jobs_or_keeps_them_is_said():
           (0, 'Printed on "tape" as job 1.\n',
            'tape-print: The job 1 waits on "tape": the printer is stopped.\n'), "a stopped queue")
 
-
-def main():
-    failures = 0
-    for sentence in sys.argv[3:]:
-        try:
-            TESTS[sentence]()
-            print("passed", sentence)
-        except Failed as failure:
-            failures += 1
-            print("FAILED {}: {}".format(sentence, failure))
-    sys.exit(1 if failures else 0)
 
 
 if __name__ == "__main__":
