@@ -50,8 +50,7 @@ double roomFor(double word, double least, double most) noexcept
 WindowLayout layOut(Size pane, const WordWidths& words, double conflictHeight) noexcept
 {
     const double labelWidth = roomFor(words.labels + kAroundLabel, kMinLabelWidth, kMaxLabelWidth);
-    const double buttonWidth =
-        roomFor(words.buttons + kAroundTitle, kMinButtonWidth, kMaxButtonWidth);
+    const double button = buttonWidth(words.buttons, kMaxButtonWidth);
     const Size inner{std::max(pane.width, kMinPaneWidth), std::max(pane.height, kMinPaneHeight)};
     const double boxWidth = inner.width + 2 * kBoxInset;
     const double boxHeight = inner.height + 2 * kBoxInset;
@@ -62,8 +61,8 @@ WindowLayout layOut(Size pane, const WordWidths& words, double conflictHeight) n
     const double right = layout.content.width - kEdge;
 
     double y = kEdge;
-    layout.print = {right - buttonWidth, y, buttonWidth, kButtonHeight};
-    layout.cancel = {right - 2 * buttonWidth - kLabelGap, y, buttonWidth, kButtonHeight};
+    layout.print = {right - button, y, button, kButtonHeight};
+    layout.cancel = {right - 2 * button - kLabelGap, y, button, kButtonHeight};
     layout.copyCommand = {
         kEdge, y,
         roomFor(words.copyCommand + kAroundTitle, kMinCopyCommandWidth, kMaxCopyCommandWidth),
@@ -111,6 +110,11 @@ WindowLayout layOut(Size pane, const WordWidths& words, double conflictHeight) n
 double conflictWidth(Size pane) noexcept
 {
     return layOut(pane).message.width;
+}
+
+double buttonWidth(double title, double most) noexcept
+{
+    return roomFor(title + kAroundTitle, kMinButtonWidth, most);
 }
 
 } // namespace dialog

@@ -55,4 +55,7 @@ WindowLayout layOut(Size pane, const WordWidths& words = {}, double conflictHeig
 // The width of that line.
 double conflictWidth(Size pane) noexcept;
 
+// The width of a push button whose title is drawn so wide: 90 or more, at most `most`.
+double buttonWidth(double title, double most) noexcept;
+
 } // namespace dialog

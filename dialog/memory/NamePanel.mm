@@ -1,7 +1,10 @@
 #include "dialog/memory/NamePanel.h"
 
+#include "dialog/Layout.hpp"
 #include "dialog/Text.h"
 #include "dialog/theme/TapeTheme.h"
+
+#include <algorithm>
 
 // A class of its own, by which scripts find the field among the labels.
 @interface PresetNameField : NSTextField
@@ -17,8 +20,9 @@ const NSRect kQuestion = {{20, 102}, {70, 17}};
 const NSRect kField = {{98, 99}, {302, 22}};
 const NSRect kQuestionAlone = {{20, 88}, {380, 34}};
 const NSRect kMessage = {{20, 54}, {380, 32}};
-const NSRect kCancel = {{212, 16}, {90, 26}};
-const NSRect kButton = {{310, 16}, {90, 26}};
+// Both buttons are as wide as the longest title of either.
+const NSRect kButtons = {{20, 16}, {380, 26}};
+const double kButtonGap = 8;
 
 NSTextField* makeText(NSRect frame, NSString* text, CGFloat size)
 {
@@ -44,6 +48,11 @@ NSButton* makeButton(NSRect frame, NSString* title, NSString* key, id target, SE
     [button setTarget:target];
     [button setAction:action];
     return button;
+}
+
+double widthOf(NSString* title)
+{
+    return [title sizeWithAttributes:@{NSFontAttributeName : [NSFont systemFontOfSize:12]}].width;
 }
 
 } // namespace
@@ -76,8 +85,17 @@ NSButton* makeButton(NSRect frame, NSString* title, NSString* key, id target, SE
     text_ = makeText(name == nil ? kQuestionAlone : kQuestion, question, 12);
     message_ = makeText(kMessage, @"", 11);
     [message_ setTextColor:dialog::themeColor(dialog::Role::Failure)];
-    cancel_ = makeButton(kCancel, dialog::localized("Cancel"), @"\e", self, @selector(cancel:));
-    button_ = makeButton(kButton, verb, @"\r", self, @selector(take:));
+    double widest = 0;
+    for (NSString* word in @[ verb, dialog::localized("Cancel"), dialog::localized("Replace") ]) {
+        widest = std::max(widest, widthOf(word));
+    }
+    const double width = dialog::buttonWidth(widest, (NSWidth(kButtons) - kButtonGap) / 2);
+    NSRect button = kButtons;
+    button.size.width = width;
+    button.origin.x = NSMaxX(kButtons) - width;
+    button_ = makeButton(button, verb, @"\r", self, @selector(take:));
+    button.origin.x -= width + kButtonGap;
+    cancel_ = makeButton(button, dialog::localized("Cancel"), @"\e", self, @selector(cancel:));
     for (NSView* view in @[ text_, message_, cancel_, button_ ]) {
         [[panel_ contentView] addSubview:view];
     }

@@ -112,6 +112,13 @@ TEST(WordsInTheWindow, LeaveEverythingWhereItIsWhileTheyAreShort)
     EXPECT_NE(outer(layOut({520, 330}, {114, 70, 170.1})), outer(longest));
 }
 
+TEST(WordsInTheWindow, MakeAButtonAsWideAsItsRoomAtMost)
+{
+    EXPECT_EQ(buttonWidth(0, 186), 90);
+    EXPECT_EQ(buttonWidth(70.5, 186), 91);
+    EXPECT_EQ(buttonWidth(200, 186), 186);
+}
+
 TEST(WordsInTheWindow, PushNothingOutOfItHoweverLong)
 {
     const WindowLayout layout = layOut({0, 0}, {5000, 5000, 5000});

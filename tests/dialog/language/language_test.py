@@ -5,12 +5,14 @@ Runs on the display it finds.
 """
 
 import collections
+import functools
 import os
 import sys
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-from drive import Dialog, Failed, check, equal, picture_of, run_once, wait_for  # noqa: E402
+from drive import Dialog, check, equal, picture_of, run_once, wait_for  # noqa: E402
+from sentences import TESTS, main, test  # noqa: E402
 
 PROGRAM, SAMPLES = sys.argv[1], sys.argv[2]
 PPD = SAMPLES + "/sample-tape-features.ppd"
@@ -82,6 +84,7 @@ def is_spoken(words):
     check(words.margin in map(str.strip, output.splitlines()), output)
 
 
+@test
 def the_buttons_have_the_letters_of_their_language():
     """Print has two letters in both, and without a font for them both would show the same."""
     seen = []
@@ -94,20 +97,8 @@ def the_buttons_have_the_letters_of_their_language():
     check(seen[0][1] != seen[1][1], "two languages have one picture of Print")
 
 
-def main():
-    failures = 0
-    for sentence in sys.argv[3:]:
-        try:
-            if sentence == "TheButtonsHaveTheLettersOfTheirLanguage":
-                the_buttons_have_the_letters_of_their_language()
-            else:
-                is_spoken(LANGUAGES[sentence.removesuffix(
-                    "IsSpokenByTheWindowThePanelAndTheAnswers")])
-            print("passed", sentence)
-        except Failed as failure:
-            failures += 1
-            print("FAILED {}: {}".format(sentence, failure))
-    sys.exit(1 if failures else 0)
+for name, words in LANGUAGES.items():
+    TESTS[name + "IsSpokenByTheWindowThePanelAndTheAnswers"] = functools.partial(is_spoken, words)
 
 
 if __name__ == "__main__":
