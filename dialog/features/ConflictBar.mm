@@ -90,6 +90,9 @@ NSRect toRect(const dialog::Frame& frame)
 
 - (double)textHeightForWidth:(double)width
 {
+    if (width <= kAroundText) {
+        return 0; // not placed yet, and the toolkit complains of such a width
+    }
     NSDictionary* const attributes = @{NSFontAttributeName : [sentence_ font]};
     NSAttributedString* const text =
         [[[NSAttributedString alloc] initWithString:[sentence_ stringValue]

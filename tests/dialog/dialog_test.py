@@ -75,6 +75,7 @@ def edits_by_keys_and_mouse_end_as_options_in_the_folder():
                "VnPriority": "Speed", "Resolution": "300x600dpi", "VnCompress": "Off"},
               "options")
         check("Printed into the folder" in dialog.read_answers(), "the answer names no folder")
+        equal(dialog.read_errors(), "", "what was complained of")
 
 
 @test
