@@ -123,6 +123,7 @@ TEST(LeadingDouble, IsInfiniteBeyondTheRangeAndZeroBelowIt)
     EXPECT_EQ(leadingDouble("0e99999999999999999999999"), 0);
     EXPECT_EQ(leadingDouble("123456789e-350"), 0);
     EXPECT_EQ(leadingDouble("0.00001e400"), kInfinity);
+    EXPECT_EQ(leadingDouble("0.00001e+400"), kInfinity);
     EXPECT_EQ(leadingDouble(std::string(400, '9')), kInfinity);
     EXPECT_EQ(leadingDouble("1" + std::string(309, '0')), kInfinity);
     EXPECT_EQ(leadingDouble("0." + std::string(400, '0') + "1"), 0);
