@@ -9,6 +9,7 @@
 #include <AppKit/AppKit.h>
 
 #include <memory>
+#include <vector>
 
 @protocol PresetOwner
 - (PanelHost*)presetHost;
@@ -26,7 +27,8 @@
     std::unique_ptr<dialog::PresetSession> session_;
     dialog::PresetAction asking_;
     NSPopUpButton* popUp_;
-    id<PresetOwner> owner_; // not owned
+    std::vector<dialog::PresetEntry> entries_; // what the pop-up holds
+    id<PresetOwner> owner_;                    // not owned
     BOOL isScript_;
     BOOL isOpen_; // there is a panel whose values count
 }

@@ -6,7 +6,9 @@
 #include "dialog/memory/MemorySentences.hpp"
 #include "dialog/preview/ControlActions.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace {
 
@@ -16,6 +18,7 @@ constexpr NSTimeInterval kAlertInterval = 0.1; // between looks whether an alert
 
 @interface PresetKeeper (Steps)
 - (void)fillPopUp;
+- (void)fillPopUpWith:(const std::vector<dialog::PresetEntry>&)entries;
 - (void)choosePreset:(id)sender;
 - (void)takeEntry:(NSNumber*)number;
 - (void)userDidSet:(NSNotification*)note;
@@ -157,15 +160,51 @@ constexpr NSTimeInterval kAlertInterval = 0.1; // between looks whether an alert
     return dialog::valuesOf([host paperName], [host options], [host ppd]);
 }
 
-// Through the menu itself, which takes equal titles.
+// Filled anew only when another preset can be chosen: it is asked for with each change of a value.
 - (void)fillPopUp
 {
-    const std::vector<dialog::PresetEntry> entries = session_->menu();
+    std::vector<dialog::PresetEntry> entries = session_->menu();
+    const bool isNew = entries != entries_;
+    if (isNew) {
+        [self fillPopUpWith:entries];
+        entries_ = std::move(entries);
+    }
+    const auto selected =
+        static_cast<NSInteger>(dialog::selectedEntry(entries_, session_->state()));
+    if (isNew || selected != [popUp_ indexOfSelectedItem]) {
+        [popUp_ selectItemAtIndex:selected];
+    }
+    if ([popUp_ isEnabled] != isOpen_) {
+        [popUp_ setEnabled:isOpen_];
+    }
+}
+
+// Through the menu itself, which takes equal titles; a row that stays a row keeps its item, for the
+// toolkit measures every row with each one that comes.
+- (void)fillPopUpWith:(const std::vector<dialog::PresetEntry>&)entries
+{
+    const auto isLine = [](const dialog::PresetEntry& entry) {
+        return entry.action == dialog::PresetAction::None;
+    };
+    if (std::equal(entries.begin(), entries.end(), entries_.begin(), entries_.end(),
+                   [&](const auto& a, const auto& b) { return isLine(a) == isLine(b); })) {
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            const id<NSMenuItem> item = [popUp_ itemAtIndex:static_cast<NSInteger>(i)];
+            if (entries[i].title != entries_[i].title) {
+                [item setTitle:dialog::toNSString(entries[i].title)];
+            }
+            if (!isLine(entries[i])) {
+                [item setEnabled:entries[i].enabled];
+            }
+        }
+        [popUp_ synchronizeTitleAndSelectedItem];
+        return;
+    }
     [popUp_ removeAllItems];
     NSMenu* const menu = [popUp_ menu];
     [menu setMenuChangedMessagesEnabled:NO];
     for (const dialog::PresetEntry& entry : entries) {
-        if (entry.action == dialog::PresetAction::None) {
+        if (isLine(entry)) {
             [menu addItem:[NSMenuItem separatorItem]];
             continue;
         }
@@ -177,9 +216,6 @@ constexpr NSTimeInterval kAlertInterval = 0.1; // between looks whether an alert
         [item release];
     }
     [menu setMenuChangedMessagesEnabled:YES];
-    [popUp_ setEnabled:isOpen_];
-    [popUp_ selectItemAtIndex:static_cast<NSInteger>(
-                                  dialog::selectedEntry(entries, session_->state()))];
 }
 
 // The list is still open when it tells what was chosen.

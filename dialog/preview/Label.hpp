@@ -41,6 +41,8 @@ struct Placement
     double ownAcross = 0;   // what lies across the tape, before scaling; 0 when it has no size
     double beyondLabel = 0; // how much longer than the label
     double intoMargins = 0; // how far it reaches into either margin; 0 when beyond the label
+
+    bool operator==(const Placement&) const = default;
 };
 
 // Differences up to this many millimetres are not worth a word.

@@ -33,10 +33,23 @@ NSTextField* newLine(NSView* parent, NSFont* font)
     [field setSelectable:NO];
     [field setBezeled:NO];
     [field setBordered:NO];
-    [field setDrawsBackground:NO];
+    // Opaque, so that another text draws nothing else anew.
+    [field setDrawsBackground:YES];
+    [field setBackgroundColor:dialog::themeColor(dialog::Role::Window)];
     [field setFont:font];
     [parent addSubview:field];
     return field;
+}
+
+// The toolkit draws a field again also for what it shows already.
+void say(NSTextField* field, NSString* text, NSColor* color)
+{
+    if (![[field stringValue] isEqualToString:text]) {
+        [field setStringValue:text];
+    }
+    if (![[field textColor] isEqual:color]) {
+        [field setTextColor:color];
+    }
 }
 
 // Asking the field itself would end what is being typed.
@@ -320,10 +333,9 @@ double told(PanelHost* host, std::string_view keyword)
     if (!label) {
         NSString* const nothing = dialog::localized("No label to show");
         [picture_ show:std::nullopt place:{} unit:{} sentence:nothing];
-        [size_ setStringValue:nothing];
-        [size_ setTextColor:dialog::themeColor(dialog::Role::TextDisabled)];
-        [used_ setStringValue:@""];
-        [remarks_ setStringValue:@""];
+        say(size_, nothing, dialog::themeColor(dialog::Role::TextDisabled));
+        say(used_, @"", [NSColor controlTextColor]);
+        say(remarks_, @"", [NSColor controlTextColor]);
         return;
     }
     const pagesettings::Unit unit = dialog::lengthRules([host_ ppd].record()).unit;
@@ -339,13 +351,11 @@ double told(PanelHost* host, std::string_view keyword)
     const std::string remarks =
         document_ ? dialog::documentSentence(*label, *document_, placed, unit) : std::string();
 
-    [size_ setStringValue:dialog::toNSString(size)];
-    [size_ setTextColor:[NSColor controlTextColor]];
-    [used_ setStringValue:dialog::toNSString(used)];
-    [remarks_ setTextColor:placed != nullptr && dialog::isWarning(place)
-                               ? dialog::themeColor(dialog::Role::Failure)
-                               : [NSColor controlTextColor]];
-    [remarks_ setStringValue:dialog::toNSString(remarks)];
+    say(size_, dialog::toNSString(size), [NSColor controlTextColor]);
+    say(used_, dialog::toNSString(used), [NSColor controlTextColor]);
+    say(remarks_, dialog::toNSString(remarks),
+        placed != nullptr && dialog::isWarning(place) ? dialog::themeColor(dialog::Role::Failure)
+                                                      : [NSColor controlTextColor]);
     [picture_ show:dialog::layOutPicture(
                        {static_cast<double>(room.width), static_cast<double>(room.height)}, *label,
                        placed, unit)

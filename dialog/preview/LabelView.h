@@ -9,6 +9,7 @@
 
 #include <AppKit/AppKit.h>
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,6 +23,7 @@
     std::string unit_;
     NSBitmapImageRep* pixels_; // the document's ink as last drawn; nil when it must be made
     bool pixelsTurned_;
+    std::map<std::string, CGFloat> widths_; // of the ruler's numbers, in points
 }
 
 // What there is of the document; may be nullptr.  Shared, never changed.

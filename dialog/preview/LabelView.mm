@@ -75,6 +75,12 @@ NSBitmapImageRep* newInk(const std::vector<std::uint8_t>& ink, int columns, int 
     return YES;
 }
 
+// So that a change of the label draws nothing else anew.
+- (BOOL)isOpaque
+{
+    return YES;
+}
+
 - (BOOL)acceptsFirstResponder
 {
     return NO;
@@ -97,16 +103,21 @@ NSBitmapImageRep* newInk(const std::vector<std::uint8_t>& ink, int columns, int 
         unit:(const std::string&)unit
     sentence:(NSString*)sentence
 {
-    layout_ = layout;
-    place_ = place;
-    unit_ = unit;
-    [[self cell] setStringValue:sentence];
-    [self setToolTip:[sentence length] == 0 ? nil : sentence];
-    [self setNeedsDisplay:YES];
+    if (![[[self cell] stringValue] isEqualToString:sentence]) {
+        [[self cell] setStringValue:sentence];
+        [self setToolTip:[sentence length] == 0 ? nil : sentence];
+    }
+    if (layout_ != layout || place_ != place || unit_ != unit) {
+        layout_ = layout;
+        place_ = place;
+        unit_ = unit;
+        [self setNeedsDisplay:YES];
+    }
 }
 
 - (void)drawRect:(NSRect)dirty
 {
+    dialog::fillRect(dirty, dialog::Role::Window);
     if (!layout_) {
         return;
     }
@@ -220,13 +231,24 @@ NSBitmapImageRep* newInk(const std::vector<std::uint8_t>& ink, int columns, int 
         NSFontAttributeName : [NSFont systemFontOfSize:kNumberSize],
         NSForegroundColorAttributeName : dialog::themeColor(dialog::Role::TextDisabled)
     };
+    std::vector<NSRect> ticks;
+    ticks.reserve(layout_->ticks.size());
     for (const dialog::Tick& tick : layout_->ticks) {
         const CGFloat height = tick.kind == dialog::TickKind::Major ? kMajorTick : kMinorTick;
-        dialog::fillRect(dialog::onPixels(NSMakeRect(tick.x, top, line, height), self),
-                         dialog::Role::Border);
+        ticks.push_back(dialog::onPixels(NSMakeRect(tick.x, top, line, height), self));
+    }
+    [dialog::themeColor(dialog::Role::Border) set];
+    NSRectFillList(ticks.data(), static_cast<NSInteger>(ticks.size()));
+    for (const dialog::Tick& tick : layout_->ticks) {
+        if (tick.number.empty()) {
+            continue;
+        }
         NSString* const number = dialog::toNSString(tick.number);
-        const CGFloat width = [number sizeWithAttributes:attributes].width;
-        [number drawAtPoint:NSMakePoint(tick.x - width / 2, top + kNumberTop)
+        const auto width = widths_.try_emplace(tick.number, -1).first;
+        if (width->second < 0) {
+            width->second = [number sizeWithAttributes:attributes].width;
+        }
+        [number drawAtPoint:NSMakePoint(tick.x - width->second / 2, top + kNumberTop)
              withAttributes:attributes];
     }
     [dialog::toNSString(unit_) drawAtPoint:NSMakePoint(layout_->unitLeft, top - kUnitRise)

@@ -23,6 +23,8 @@ struct PictureLayout
     double rulerTop = 0;
     std::vector<Tick> ticks; // x from the room's left
     double unitLeft = 0;     // where the unit's name stands, beside the ruler
+
+    bool operator==(const PictureLayout&) const = default;
 };
 
 // How high ruler and numbers are.
