@@ -372,6 +372,43 @@ TEST(PropertyListXML, RefusesDatesWithAnotherCharacterAnywhere)
     }
 }
 
+TEST(PropertyListXML, ReadsReferencesToTheFirstAndLastCharacterOfEveryLength)
+{
+    EXPECT_EQ(text("<string>&#x7F;&#x80;</string>"), "\x7f\xc2\x80");
+    EXPECT_EQ(text("<string>&#x7FF;&#x800;</string>"), "\xdf\xbf\xe0\xa0\x80");
+    EXPECT_EQ(text("<string>&#xD7FF;&#xE000;</string>"), "\xed\x9f\xbf\xee\x80\x80");
+    EXPECT_EQ(text("<string>&#xFFFD;&#x10000;</string>"), "\xef\xbf\xbd\xf0\x90\x80\x80");
+    EXPECT_EQ(text("<string>&#x10FFFF;</string>"), "\xf4\x8f\xbf\xbf");
+    EXPECT_TRUE(isRefused(list("<string>&#xFFFE;</string>")));
+}
+
+TEST(PropertyListXML, ReadsNothingInAnEmptyComment)
+{
+    EXPECT_EQ(text("<!----><string>a</string><!---->"), "a");
+    EXPECT_EQ(text("<string>a<!---->b</string>"), "ab");
+}
+
+TEST(PropertyListXML, ReadsAHexadecimalNumberOfOneDigit)
+{
+    EXPECT_EQ(parsed("<integer>0x7</integer>").integer, 7);
+}
+
+TEST(PropertyListXML, KnowsTheLastDayOfEveryMonth)
+{
+    const int days[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    int before = 0;
+    for (int month = 1; month <= 12; ++month) {
+        const std::string year = month < 10 ? "2001-0" : "2001-";
+        const auto date = [&](int day) {
+            return "<date>" + year + std::to_string(month) + "-" + std::to_string(day) +
+                   "T00:00:00Z</date>";
+        };
+        before += days[month - 1];
+        EXPECT_EQ(parsed(date(days[month - 1])).real, (before - 1) * 86400.0) << month;
+        EXPECT_TRUE(isRefused(list(date(days[month - 1] + 1)))) << month;
+    }
+}
+
 TEST(IsXMLText, RefusesACharacterThatIsCutOffAtTheEnd)
 {
     EXPECT_FALSE(isXMLText("a\xc3"));
