@@ -9,8 +9,12 @@
 
 namespace {
 
-// Unnoticed by a user, and enough for a file or for a server that is well.
-constexpr std::chrono::milliseconds kAtOnce{80};
+// Before there is a window a server that is well is worth waiting for; in the window nothing must
+// stand still, and a sentence that is gone again at once would only flicker.
+constexpr std::chrono::milliseconds kBeforeWindow{80};
+constexpr std::chrono::milliseconds kAtOnce{12};
+constexpr NSTimeInterval kUnnoticed = 0.1;
+constexpr NSTimeInterval kVerySoon = 0.008;
 constexpr NSTimeInterval kSoon = 0.04;
 constexpr NSTimeInterval kLater = 1;
 
@@ -29,6 +33,7 @@ dialog::PrinterFinder::Clock::time_point now()
 - (void)printerDidOpen:(dialog::OpenedPPD)opened;
 - (void)complainOfPaper;
 - (void)lookAround;
+- (void)sayOpening;
 @end
 
 @implementation DialogController (Printers)
@@ -52,7 +57,7 @@ dialog::PrinterFinder::Clock::time_point now()
 
 - (void)showFirstPrinters
 {
-    finder_->poll(now(), kAtOnce);
+    finder_->poll(now(), kBeforeWindow);
     [self showPrinters];
     [self lookAgainSoon];
 }
@@ -129,6 +134,8 @@ dialog::PrinterFinder::Clock::time_point now()
 // In its place stands a printer without a PPD and without a panel.
 - (void)closePrinter
 {
+    [NSObject cancelPreviousPerformRequestsWithTarget:self selector:@selector(sayOpening)
+                                               object:nil];
     [self closePanel];
     [host_ setDelegate:nil];
     [host_ release];
@@ -149,12 +156,23 @@ dialog::PrinterFinder::Clock::time_point now()
     paperIsUnchecked_ = !paper.empty();
     [self closePrinter];
     opener_.begin(printers_[index], now());
-    if (auto opened = opener_.poll(now(), kAtOnce)) {
+    if (auto opened = opener_.poll(now(), [[window_ window] isVisible] ? kAtOnce : kBeforeWindow)) {
         [self printerDidOpen:std::move(*opened)];
         return;
     }
-    [window_ showSentence:dialog::toNSString(dialog::openingPrinter(printers_[index].title))];
+    [window_ showSentence:@""];
+    openingIsSaid_ = NO;
+    [self performSelector:@selector(sayOpening) withObject:nil afterDelay:kUnnoticed];
     [self lookAgainSoon];
+}
+
+- (void)sayOpening
+{
+    openingIsSaid_ = YES;
+    if (opener_.underWay()) {
+        [window_
+            showSentence:dialog::toNSString(dialog::openingPrinter(printers_[current_].title))];
+    }
 }
 
 - (void)printerDidOpen:(dialog::OpenedPPD)opened
@@ -207,6 +225,8 @@ dialog::PrinterFinder::Clock::time_point now()
 
 - (void)endLooking
 {
+    [NSObject cancelPreviousPerformRequestsWithTarget:self selector:@selector(sayOpening)
+                                               object:nil];
     [NSObject cancelPreviousPerformRequestsWithTarget:self selector:@selector(lookAround)
                                                object:nil];
     finder_.reset();
@@ -237,8 +257,10 @@ dialog::PrinterFinder::Clock::time_point now()
                                                object:nil];
     const bool soon = ![self isSettled] || sender_.underWay();
     if (soon || finder_->busy()) {
+        const NSTimeInterval whileUnsaid =
+            opener_.underWay() && !openingIsSaid_ ? kVerySoon : kSoon;
         [self performSelector:@selector(lookAround) withObject:nil
-                   afterDelay:soon ? kSoon : kLater];
+                   afterDelay:soon ? whileUnsaid : kLater];
     }
 }
 

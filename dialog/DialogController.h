@@ -46,6 +46,7 @@
     std::string hint_;            // that was last shown on the search for printers
     BOOL isOpen_;                 // the current printer's PPD is there
     BOOL paperIsUnchecked_;
+    BOOL openingIsSaid_; // that the current printer is being opened
     BOOL hasActed_;
     BOOL wasShown_; // and what waits for that may begin
 }

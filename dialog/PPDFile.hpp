@@ -53,6 +53,8 @@ class PPDFile
     };
     // The page sizes that PageSize offers, in the PPD's order.
     std::vector<Size> sizes() const;
+    // How long the PPD's text is.
+    std::size_t bytes() const noexcept { return bytes_.size(); }
     // The model's name for people; empty without one.
     std::string modelName() const;
 

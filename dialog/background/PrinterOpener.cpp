@@ -5,7 +5,16 @@
 
 #include <utility>
 
+#include <malloc.h>
+
 namespace dialog {
+
+namespace {
+
+// Of such a PPD the C library would keep for itself several megabytes that were needed to read it.
+constexpr std::size_t kLarge = 1024 * 1024;
+
+} // namespace
 
 OpenedPPD openPPDOf(const PrinterEntry& printer, Cancellation* cancellation)
 {
@@ -35,7 +44,11 @@ void PrinterOpener::begin(PrinterEntry printer, Clock::time_point now)
     printer_ = std::move(printer);
     deadline_ = now + kDeadline;
     opening_ = Errand<OpenedPPD>([open = open_, wanted = printer_](Cancellation& cancellation) {
-        return open(wanted, &cancellation);
+        OpenedPPD opened = open(wanted, &cancellation);
+        if (opened.ppd.bytes() > kLarge) {
+            malloc_trim(0);
+        }
+        return opened;
     });
 }
 
