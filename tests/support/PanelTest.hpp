@@ -164,6 +164,8 @@ class ScopedPool
     NSAutoreleasePool* pool_;
 };
 
+// The bundle of the build, or the one at PLUGIN_UNDER_TEST: a changed copy of it.
+const char* pluginPath();
 NSBundle* pluginBundle();
 Class classNamed(const char* name);
 

@@ -3,7 +3,9 @@
 #include <dlfcn.h>
 
 #include <cstdarg>
+#include <cstdlib>
 #include <cstring>
+#include <string>
 #include <utility>
 
 @interface FakeCallback : NSObject <PDEPluginCallback13_v100_>
@@ -161,9 +163,15 @@ TestPanel::~TestPanel()
     [plugin_ release];
 }
 
+const char* pluginPath()
+{
+    const char* const elsewhere = std::getenv("PLUGIN_UNDER_TEST");
+    return elsewhere != nullptr ? elsewhere : PLUGIN_PATH;
+}
+
 NSBundle* pluginBundle()
 {
-    return [NSBundle bundleWithPath:@PLUGIN_PATH];
+    return [NSBundle bundleWithPath:[NSString stringWithUTF8String:pluginPath()]];
 }
 
 Class classNamed(const char* name)
@@ -175,7 +183,8 @@ Class classNamed(const char* name)
 
 void* exportedSymbol(const char* name)
 {
-    void* bundle = dlopen(PLUGIN_PATH "/PageSettings", RTLD_NOLOAD | RTLD_LAZY);
+    void* bundle =
+        dlopen((std::string(pluginPath()) + "/PageSettings").c_str(), RTLD_NOLOAD | RTLD_LAZY);
     if (bundle == nullptr)
         return nullptr;
     void* found = dlsym(bundle, name);

@@ -2,6 +2,7 @@
 //
 // A bundle or display that is missing ends the program with an error: a skipped test would read as
 // a passed one.
+#include "support/PanelTest.hpp"
 #include "support/PanelTestPrinting.hpp"
 
 #include <cstdio>
@@ -42,17 +43,17 @@ class PoolPerTest : public testing::EmptyTestEventListener
 
 bool loadPlugin()
 {
-    NSBundle* bundle = [NSBundle bundleWithPath:@PLUGIN_PATH];
+    NSBundle* bundle = pluginBundle();
     if (bundle == nil) {
-        std::fprintf(stderr, "There is no bundle at %s.\n", PLUGIN_PATH);
+        std::fprintf(stderr, "There is no bundle at %s.\n", pluginPath());
         return false;
     }
     if (![bundle load]) {
-        std::fprintf(stderr, "The bundle at %s cannot be loaded.\n", PLUGIN_PATH);
+        std::fprintf(stderr, "The bundle at %s cannot be loaded.\n", pluginPath());
         return false;
     }
     if ([bundle principalClass] == Nil) {
-        std::fprintf(stderr, "The bundle at %s names no principal class.\n", PLUGIN_PATH);
+        std::fprintf(stderr, "The bundle at %s names no principal class.\n", pluginPath());
         return false;
     }
     return true;
