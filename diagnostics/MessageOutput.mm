@@ -4,6 +4,7 @@
 #include "diagnostics/HexDump.hpp"
 #include "diagnostics/RecordText.hpp"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
@@ -28,35 +29,39 @@ class WithoutPipeSignal
 {
   public:
     WithoutPipeSignal()
+        : pipe_(pipeSignal()), wasPending_(isPending()),
+          isBlocked_(pthread_sigmask(SIG_BLOCK, &pipe_, &before_) == 0)
     {
-        sigemptyset(&pipe_);
-        sigaddset(&pipe_, SIGPIPE);
-        wasPending_ = isPending();
-        isBlocked_ = pthread_sigmask(SIG_BLOCK, &pipe_, &before_) == 0;
     }
     ~WithoutPipeSignal()
     {
         if (!isBlocked_)
             return;
-        int signal = 0;
         if (!wasPending_ && isPending())
-            sigwait(&pipe_, &signal);
+            sigwaitinfo(&pipe_, nullptr);
         pthread_sigmask(SIG_SETMASK, &before_, nullptr);
     }
     WithoutPipeSignal(const WithoutPipeSignal&) = delete;
     WithoutPipeSignal& operator=(const WithoutPipeSignal&) = delete;
 
   private:
+    static sigset_t pipeSignal()
+    {
+        sigset_t pipe;
+        sigemptyset(&pipe);
+        sigaddset(&pipe, SIGPIPE);
+        return pipe;
+    }
     static bool isPending()
     {
         sigset_t pending;
         return sigpending(&pending) == 0 && sigismember(&pending, SIGPIPE) == 1;
     }
 
-    sigset_t pipe_;
+    const sigset_t pipe_;
     sigset_t before_;
-    bool wasPending_ = false;
-    bool isBlocked_ = false;
+    const bool wasPending_;
+    const bool isBlocked_;
 };
 
 // Goes on after a part was written or a signal came in between; gives up on any other error.
@@ -110,7 +115,7 @@ bool isSilent(int level)
 
 std::size_t countOf(const void* bytes, int count)
 {
-    return bytes != NULL && count > 0 ? static_cast<std::size_t>(count) : 0;
+    return bytes != NULL ? static_cast<std::size_t>(std::max(count, 0)) : 0;
 }
 
 } // namespace

@@ -23,7 +23,6 @@ static NSString* const kPanelKind = @"jp.co.vendor.printer.cups.pde.VNKMZRPageSe
         return nil;
     mSupportedOptions = nil;
     thePDEName = nil;
-    ppd = nullptr;
 
     nsPDEBundle = [bundle retain];
     pdePluginCallbackObject = [callback retain];

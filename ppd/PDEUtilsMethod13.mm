@@ -31,7 +31,7 @@
 + (NSPoint)originItem:(ppd_file_t*)ppd cStrKey:(const char*)key
 {
     NSString* const value = [self ppdAttrValStr:ppd cStrKey:key];
-    return [value length] > 0 ? NSPointFromString(value) : NSZeroPoint;
+    return value ? NSPointFromString(value) : NSZeroPoint;
 }
 
 + (NSMutableArray*)arrayFromPPDOption:(ppd_option_t*)option
@@ -94,8 +94,7 @@
     const NSStringEncoding system = ppd::systemEncoding();
     if ([string canBeConvertedToEncoding:system])
         return [string lengthOfBytesUsingEncoding:system];
-    for (const NSStringEncoding* other = [NSString availableStringEncodings]; other && *other;
-         ++other) {
+    for (const NSStringEncoding* other = [NSString availableStringEncodings]; *other; ++other) {
         if ([string canBeConvertedToEncoding:*other])
             return [string lengthOfBytesUsingEncoding:*other];
     }
@@ -106,7 +105,7 @@
 // nothing.
 static NSRange rangeInString(NSString* string, NSString* searched)
 {
-    const NSRange nowhere = NSMakeRange(NSNotFound, 0);
+    const NSRange nowhere = {.location = NSNotFound};
     if ([string length] == 0 || [searched length] == 0)
         return nowhere;
     const NSRange whole = [string rangeOfString:string options:NSLiteralSearch];

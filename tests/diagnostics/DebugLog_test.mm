@@ -1,69 +1,75 @@
 // The exported log and dump functions of the loaded bundle, by the bytes that they write.
 
 #include "diagnostics/DebugLog.h"
-#include "support/PanelTest.hpp"
+#include "support/CoreFoundationCalls.hpp"
+#include "support/Written.hpp"
 
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <deque>
+#include <dlfcn.h>
 #include <fcntl.h>
-#include <functional>
 #include <string>
 #include <unistd.h>
 
-namespace {
-
-std::string readAll(int fd)
+// What becomes of the next calls that write: a part is written, or none with an error.
+struct Write
 {
-    std::string result;
-    char buffer[4096];
-    ssize_t got = 0;
-    while ((got = read(fd, buffer, sizeof buffer)) > 0)
-        result.append(buffer, static_cast<std::size_t>(got));
-    return result;
+    std::size_t bytes = 0;
+    int error = 0; // 0: errno stays what it is
+};
+static std::deque<Write> writes;
+static int writeCalls = 0;
+static std::string blockedWhileWriting; // the numbers of the signals, with a blank behind each
+
+static std::size_t partOf(std::size_t size)
+{
+    ++writeCalls;
+    if (writes.empty())
+        return size;
+    const Write next = writes.front();
+    writes.pop_front();
+    if (next.error != 0)
+        errno = next.error;
+    return std::min(next.bytes, size);
 }
 
-// What `work` writes to its descriptor; short enough for a pipe to hold.
-std::string writtenTo(const std::function<void(int)>& work)
+// In front of the library's own; they change nothing while `writes` is empty.
+extern "C" __attribute__((visibility("default"))) ssize_t write(int fd, const void* bytes,
+                                                                std::size_t size)
 {
-    int ends[2];
-    EXPECT_EQ(pipe(ends), 0);
-    work(ends[1]);
-    close(ends[1]);
-    const std::string result = readAll(ends[0]);
-    close(ends[0]);
-    return result;
-}
-
-std::string onStandardError(const std::function<void()>& work)
-{
-    return writtenTo([&](int fd) {
-        const int before = dup(STDERR_FILENO);
-        dup2(fd, STDERR_FILENO);
-        work();
-        fflush(stderr);
-        dup2(before, STDERR_FILENO);
-        close(before);
-    });
-}
-
-// The system log's lines without what stands before the message: date, time, program, process.
-Texts logged(const std::function<void()>& work)
-{
-    const std::string text = onStandardError(work);
-    Texts lines;
-    std::size_t start = 0;
-    while (start < text.size()) {
-        const std::size_t end = text.find('\n', start);
-        const std::string line = text.substr(start, end - start);
-        const std::size_t message = line.find("] ");
-        lines.push_back(message == line.npos ? line : line.substr(message + 2));
-        if (end == text.npos)
-            break;
-        start = end + 1;
+    const auto real =
+        reinterpret_cast<ssize_t (*)(int, const void*, std::size_t)>(dlsym(RTLD_NEXT, "write"));
+    const bool fails = !writes.empty() && writes.front().error != 0 && writes.front().bytes == 0;
+    const std::size_t part = partOf(size);
+    sigset_t blocked;
+    pthread_sigmask(SIG_BLOCK, nullptr, &blocked);
+    blockedWhileWriting.clear();
+    for (int signal = 1; signal < 32; ++signal) {
+        if (sigismember(&blocked, signal) == 1)
+            blockedWhileWriting += std::to_string(signal) + " ";
     }
-    return lines;
+    if (fails)
+        return -1;
+    return part == 0 ? 0 : real(fd, bytes, part);
 }
+
+extern "C" __attribute__((visibility("default"))) std::size_t
+fwrite(const void* bytes, std::size_t size, std::size_t count, FILE* stream)
+{
+    const auto real =
+        reinterpret_cast<std::size_t (*)(const void*, std::size_t, std::size_t, FILE*)>(
+            dlsym(RTLD_NEXT, "fwrite"));
+    if (writes.empty())
+        return real(bytes, size, count, stream);
+    const std::size_t part = partOf(count);
+    if (part < count)
+        stream->_flags |= _IO_ERR_SEEN;
+    return part == 0 ? 0 : real(bytes, size, part, stream);
+}
+
+namespace {
 
 using Log = void (*)(id, NSString*, ...);
 using Message = void (*)(int, CFStringRef, ...);
@@ -262,6 +268,29 @@ TEST(OptionDump, LeavesOutTheChoiceOfAnOptionWithoutAny)
     EXPECT_EQ(logged([&] { dump(&record.ppd, "VnMargin"); }), expected);
 }
 
+TEST(OptionDump, GoesByTheNumberOfChoicesAndByTheListAlike)
+{
+    const auto dump = exported<DumpOption>("_PDELog_ppd_option_t");
+    OptionRecord record;
+    Texts withoutChoice = expectedDump("", "");
+    withoutChoice.erase(withoutChoice.begin() + 9, withoutChoice.begin() + 12);
+
+    record.option.num_choices = 0; // the list is there
+    withoutChoice[8] = "***** num_choices == 0";
+    EXPECT_EQ(logged([&] { dump(&record.ppd, "VnMargin"); }), withoutChoice);
+
+    record.option.num_choices = 2;
+    record.option.choices = nullptr;
+    withoutChoice[8] = "***** num_choices == 2";
+    EXPECT_EQ(logged([&] { dump(&record.ppd, "VnMargin"); }), withoutChoice);
+
+    record.option.num_choices = 1;
+    record.option.choices = record.choices;
+    Texts one = expectedDump("", "");
+    one[8] = "***** num_choices == 1";
+    EXPECT_EQ(logged([&] { dump(&record.ppd, "VnMargin"); }), one);
+}
+
 TEST(OptionDump, LogsNothingForAnOptionThatIsNotThere)
 {
     const auto dump = exported<DumpOption>("_PDELog_ppd_option_t");
@@ -289,13 +318,19 @@ TEST(SettingsDump, WritesThePropertyListIntoTheRootFolder)
     const std::string name = "test-" + std::to_string(getpid());
     const std::string path = "/VnPDE_" + name + ".plist";
     ASSERT_NE(access(path.c_str(), F_OK), 0);
+    CoreFoundationCalls::reset();
     dump(settings.handle(), @(name.c_str()));
+    EXPECT_EQ(CoreFoundationCalls::released(), 1);
+    EXPECT_EQ(CoreFoundationCalls::owned(), 0);
     if (access("/", W_OK) != 0) { // not root: the failure is ignored
         EXPECT_NE(access(path.c_str(), F_OK), 0);
         return;
     }
     const int fd = open(path.c_str(), O_RDONLY);
     ASSERT_GE(fd, 0) << path;
+    // In one piece: who reads the file while it is written anew has the whole old one.
+    printing::PrintSettings others;
+    dump(others.handle(), @(name.c_str()));
     const std::string written = readAll(fd);
     close(fd);
     unlink(path.c_str());
@@ -314,10 +349,15 @@ TEST(SettingsDump, WritesNothingWithoutSettingsOrNameOrFolder)
     const auto dump = exported<DumpSettings>("_PDELog_PMPrintSettings_WriteToFile");
     printing::PrintSettings settings;
     const std::string name = "test-" + std::to_string(getpid());
+    const char* const nameless = "/VnPDE_(null).plist";
+    unlink(nameless); // of a run that failed
+    CoreFoundationCalls::reset();
     dump(nullptr, @(name.c_str()));
     EXPECT_NE(access(("/VnPDE_" + name + ".plist").c_str(), F_OK), 0);
+    EXPECT_EQ(CoreFoundationCalls::withNull(), Texts{});
     dump(settings.handle(), nil);
-    EXPECT_NE(access("/VnPDE_(null).plist", F_OK), 0);
+    EXPECT_NE(access(nameless, F_OK), 0);
+    unlink(nameless);
     dump(settings.handle(), @"no/such/folder");
 }
 
@@ -378,6 +418,106 @@ TEST(DebugLog, WithoutAFormatWritesNoMoreThanThePrefix)
     const auto logFd = exported<MessageFd>("debugLogFd");
     EXPECT_EQ(onStandardError([&] { log(0, nullptr); }), "DEBUG: ");
     EXPECT_EQ(writtenTo([&](int fd) { logFd(0, fd, nullptr); }), "");
+}
+
+TEST(DebugLog, ReleasesTheTextsThatItMakes)
+{
+    CoreFoundationCalls::reset();
+    onStandardError([&] { exported<Message>("debugLog")(0, message(@"%d"), 1); });
+    EXPECT_EQ(CoreFoundationCalls::released(), 2); // the message and its bytes
+    EXPECT_EQ(CoreFoundationCalls::owned(), 0);
+}
+
+namespace {
+
+std::string writtenIn(const std::deque<Write>& parts, int errorBefore = 0)
+{
+    const auto logFd = exported<MessageFd>("debugLogFd");
+    return writtenTo([&](int fd) {
+        writes = parts;
+        writeCalls = 0;
+        errno = errorBefore;
+        logFd(0, fd, message(@"message"));
+        writes.clear();
+    });
+}
+
+std::string onStandardErrorIn(const std::deque<Write>& parts, int errorBefore = 0)
+{
+    const auto log = exported<Message>("debugLog");
+    return onStandardError([&] {
+        writes = parts;
+        writeCalls = 0;
+        errno = errorBefore;
+        log(0, message(@"message"));
+        writes.clear();
+    });
+}
+
+} // namespace
+
+TEST(DebugLogFd, GoesOnAfterAPartWasWrittenOrASignalCame)
+{
+    EXPECT_EQ(writtenIn({{3}, {1}, {2}}), "message\n");
+    EXPECT_EQ(writtenIn({{0, EINTR}, {1}, {0, EINTR}}), "message\n");
+    EXPECT_EQ(writeCalls, 5); // two signals, two parts and the line end
+}
+
+TEST(DebugLogFd, GivesUpOnAnyOtherErrorAndWhereNothingCanBeWritten)
+{
+    EXPECT_EQ(writtenIn({{3}, {0, EIO}}), "mes\n");
+    EXPECT_EQ(writtenIn({{3}, {0}}, EINTR), "mes\n");
+    EXPECT_EQ(writeCalls, 3); // a part, nothing, and the line end
+}
+
+TEST(DebugLog, GoesOnAfterASignalAndForgetsItsError)
+{
+    EXPECT_EQ(onStandardErrorIn({{2, EINTR}, {0, EINTR}, {5}, {3, EINTR}}), "DEBUG: message\n");
+    EXPECT_EQ(writeCalls, 4);
+    EXPECT_EQ(ferror(stderr), 0);
+}
+
+TEST(DebugLog, GivesUpOnAnyOtherError)
+{
+    EXPECT_EQ(onStandardErrorIn({{2, EIO}}), "DEmessage\n");
+    clearerr(stderr);
+    EXPECT_EQ(onStandardErrorIn({{7}, {4}}, EINTR), "DEBUG: mess\n"); // errno is an older call's
+    clearerr(stderr);
+}
+
+// What lies on the stack must not come into it.
+__attribute__((noinline)) static void fillStack()
+{
+    volatile unsigned char filled[8192];
+    for (volatile unsigned char& byte : filled)
+        byte = 0xff;
+}
+
+TEST(DebugLogFd, KeepsThePipeSignalAwayAndNoOtherWhileItWrites)
+{
+    fillStack();
+    writtenIn({});
+    EXPECT_EQ(blockedWhileWriting, std::to_string(SIGPIPE) + " ");
+}
+
+TEST(DebugLogFd, LeavesTheHostsSignalsAsTheyWere)
+{
+    sigset_t hosts, before, after;
+    sigemptyset(&hosts);
+    sigaddset(&hosts, SIGPIPE);
+    sigaddset(&hosts, SIGUSR1);
+    pthread_sigmask(SIG_BLOCK, &hosts, &before);
+    raise(SIGPIPE);
+    writtenIn({});
+    sigset_t pending;
+    sigpending(&pending);
+    EXPECT_EQ(sigismember(&pending, SIGPIPE), 1) << "the host's own signal is gone";
+    pthread_sigmask(SIG_BLOCK, nullptr, &after);
+    EXPECT_EQ(sigismember(&after, SIGPIPE), 1);
+    EXPECT_EQ(sigismember(&after, SIGUSR1), 1);
+    EXPECT_EQ(sigismember(&after, SIGTERM), 0);
+    sigwaitinfo(&hosts, nullptr);
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
 TEST(DebugLog, NeverFailsItsCaller)

@@ -1,4 +1,6 @@
+#include "support/CoreFoundationCalls.hpp"
 #include "support/PanelTestPrinting.hpp"
+#include "support/Written.hpp"
 
 #include <cstring>
 
@@ -141,6 +143,71 @@ TEST_F(BasePanelTest, ReleasesTheViewWhenItGoes)
     [view release];
 }
 
+TEST_F(BasePanelTest, ReleasesWhatItHasMadeWhenItGoes)
+{
+    make();
+    NSMutableArray* const options = [[NSMutableArray alloc] init];
+    [panel_ setSupportedOptions:options];
+    NSMutableString* const name = [[NSMutableString alloc] init];
+    ivarOf<NSString*>(panel_, "thePDEName") = [name retain];
+    [panel_ release];
+    panel_ = nil;
+    EXPECT_EQ([options retainCount], 1u);
+    EXPECT_EQ([name retainCount], 1u);
+    [options release];
+    [name release];
+}
+
+TEST_F(BasePanelTest, IsNoMoreWhenItsLastOwnerLetsGo)
+{
+    const LivingObjects living("RecordingPanel");
+    make();
+    EXPECT_EQ(living.count(), 1);
+    [panel_ release];
+    panel_ = nil;
+    EXPECT_EQ(living.count(), 0);
+}
+
+TEST_F(BasePanelTest, IsNothingWhereItsSuperclassMakesNothing)
+{
+    dialog_ = std::make_unique<FakeDialog>(DialogSetup{});
+    const FailingInit failing(recordingPanelClass());
+    EXPECT_EQ([[recordingPanelClass() alloc] initWithCallback:dialog_->callback()
+                                                    andBundle:pluginBundle()],
+              nil);
+    EXPECT_EQ(dialog_->calls, Texts{});
+}
+
+TEST_F(BasePanelTest, BeginsWithoutNameOptionsAndURIWhateverStoodInItsPlace)
+{
+    dialog_ = std::make_unique<FakeDialog>(DialogSetup{.deviceURI = ""});
+    panel_ = [recordingPanelClass() alloc];
+    ivarOf<NSString*>(panel_, "thePDEName") = @"of another";
+    ivarOf<id>(panel_, "mSupportedOptions") = @"of another";
+    std::strcpy(&ivarOf<char>(panel_, "deviceURI"), "usb://of/another");
+    panel_ = [(id)panel_ initWithCallback:dialog_->callback() andBundle:pluginBundle()];
+    EXPECT_EQ(ivarOf<id>(panel_, "thePDEName"), nil);
+    EXPECT_EQ([panel_ supportedOptions], nil);
+    EXPECT_STREQ(&ivarOf<char>(panel_, "deviceURI"), "");
+}
+
+static int finalized = 0;
+
+static void countFinalize(id, SEL)
+{
+    ++finalized;
+}
+
+TEST_F(BasePanelTest, FinalizesWhatItInherits)
+{
+    make();
+    finalized = 0;
+    const ReplacedMethod replaced([NSObject class], @selector(finalize),
+                                  reinterpret_cast<IMP>(countFinalize));
+    [(id)panel_ finalize];
+    EXPECT_EQ(finalized, 1);
+}
+
 TEST_F(BasePanelTest, DeclaresItsVariablesInOrder)
 {
     unsigned count = 0;
@@ -178,8 +245,10 @@ TEST_F(BasePanelTest, HasNoDeviceURIWhenThePrinterHasNone)
     make({.deviceURI = ""});
     EXPECT_STREQ(&ivarOf<char>(panel_, "deviceURI"), "");
     PrintingCalls::answerNull("PMPrinterCopyDeviceURI");
+    CoreFoundationCalls::reset();
     make();
     EXPECT_STREQ(&ivarOf<char>(panel_, "deviceURI"), "");
+    EXPECT_EQ(CoreFoundationCalls::withNull(), Texts{});
     PrintingCalls::reset();
     PrintingCalls::fail("PMPrinterCopyDeviceURI", -30880);
     make();
@@ -193,6 +262,14 @@ TEST_F(BasePanelTest, KeepsADeviceURIOfAtMost254Characters)
     make({.deviceURI = longest});
     EXPECT_EQ(std::string(&ivarOf<char>(panel_, "deviceURI")), longest);
     make({.deviceURI = longest + "x"});
+    EXPECT_STREQ(&ivarOf<char>(panel_, "deviceURI"), "");
+}
+
+TEST_F(BasePanelTest, HasNoDeviceURIThatIsNotWhole)
+{
+    CoreFoundationCalls::cutTexts();
+    make();
+    CoreFoundationCalls::reset();
     EXPECT_STREQ(&ivarOf<char>(panel_, "deviceURI"), "");
 }
 
@@ -308,6 +385,22 @@ TEST_F(BasePanelTest, LoadsTheInterfaceFileOnlyOnce)
     EXPECT_EQ(ivarOf<id>(panel_, "mLengthTxFld"), field);
 }
 
+static BOOL failToLoad(id, SEL, NSString*, NSDictionary*, NSZone*)
+{
+    [NSException raise:NSInternalInconsistencyException format:@"line 7 is damaged"];
+    return NO;
+}
+
+TEST_F(BasePanelTest, NotesAnInterfaceFileThatIsDamaged)
+{
+    make({.ppd = offers()}, classNamed("PageSettingPDE13_v100_"));
+    const ReplacedMethod replaced([NSBundle class],
+                                  @selector(loadNibFile:externalNameTable:withZone:),
+                                  reinterpret_cast<IMP>(failToLoad));
+    EXPECT_EQ(logged([&] { EXPECT_EQ([panel_ panelView], nil); }),
+              Texts{"PageSettingPDE: line 7 is damaged"});
+}
+
 TEST_F(BasePanelTest, AnswersAViewThatIsThereWithoutLoading)
 {
     make({.ppd = offers()}, classNamed("PageSettingPDE13_v100_"));
@@ -399,6 +492,16 @@ TEST_F(BasePanelTest, SelectsAChoiceWhoseKeywordIsNotASCIIWithoutHarm)
     toldSince();
     EXPECT_EQ([panel_ selectionForItem:1 key:@"Resolution" choices:choices itemType:8],
               [choices objectAtIndex:1]);
+    EXPECT_EQ(toldSince(), Texts{}); // no keyword that could be told
+    EXPECT_EQ(hooks, Texts{"updateMarkedSelections:8"});
+}
+
+TEST_F(BasePanelTest, TellsNoChoiceOfAnOptionWithoutAName)
+{
+    make();
+    toldSince();
+    [panel_ selectionForItem:1 key:nil choices:choicesOf("Resolution") itemType:8];
+    EXPECT_EQ(toldSince(), Texts{});
 }
 
 // Indexes.
@@ -594,9 +697,13 @@ TEST_F(ViewSizeTest, DoesNotReachAPanelThatIsGone)
 TEST_F(ViewSizeTest, NeedsNoView)
 {
     make();
-    const ScopedKeyWindow window(100);
-    [panel_ setViewFrameSize:NSMakeSize(200, 300)];
-    EXPECT_EQ([panel_ supportedOptions], nil); // still there
+    toldSince();
+    for (const double height : {100, 2000}) {
+        const ScopedKeyWindow window(height);
+        [panel_ setViewFrameSize:NSMakeSize(200, 300)];
+    }
+    windowHasGrown([[[NSView alloc] initWithFrame:NSZeroRect] autorelease]);
+    EXPECT_EQ(toldSince(), Texts{});
 }
 
 // Defaults.
@@ -612,6 +719,33 @@ TEST_F(BasePanelTest, SuppliesTheDefaultWhereNothingIsMarked)
     EXPECT_EQ(toldSince(), Texts{"willChange Resolution=300x600dpi"});
     EXPECT_EQ(dialog_->marked("Resolution"), "300x600dpi");
     EXPECT_EQ(hooks, Texts{}); // marks are not read back here
+}
+
+static IMP realChoiceList = nullptr;
+static int choiceLists = 0;
+
+static id countChoiceList(id self, SEL message, ppd_option_t* option)
+{
+    ++choiceLists;
+    return reinterpret_cast<id (*)(id, SEL, ppd_option_t*)>(realChoiceList)(self, message, option);
+}
+
+TEST_F(BasePanelTest, MakesAChoiceListOnceMoreWhenItSuppliesADefault)
+{
+    make();
+    NSArray* choices = choicesOf("Resolution");
+    dialog_->unmark("Resolution");
+    choiceLists = 0;
+    const ReplacedMethod replaced(object_getClass(classNamed("PDEUtilsMethod13")),
+                                  @selector(arrayFromPPDOption:),
+                                  reinterpret_cast<IMP>(countChoiceList));
+    realChoiceList = replaced.real();
+    [panel_ setDefaultChoices:dialog_->option("Resolution") choices:choices cStrKey:"Resolution"
+                      nStrKey:@"Resolution"];
+    EXPECT_EQ(choiceLists, 1);
+    [panel_ setDefaultChoices:dialog_->option("Resolution") choices:choices cStrKey:"Resolution"
+                      nStrKey:@"Resolution"];
+    EXPECT_EQ(choiceLists, 1); // marked by now
 }
 
 TEST_F(BasePanelTest, LeavesAMarkedChoiceAlone)

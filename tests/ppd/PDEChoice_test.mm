@@ -167,11 +167,40 @@ TEST_F(ChoiceTest, ReleasesItsTitlesWhenItGoes)
 {
     const ScopedPool pool;
     id choice = [[choiceClass() alloc] initWithChoice:record(0)];
-    NSString* title = [[choice userTitle] retain];
-    const NSUInteger owners = [title retainCount];
+    NSString* const titles[] = {[[choice userTitle] retain], [[choice ppdTitle] retain]};
+    for (NSString* title : titles)
+        EXPECT_EQ([title retainCount], 2u);
     [choice release];
-    EXPECT_EQ([title retainCount], owners - 1);
-    [title release];
+    for (NSString* title : titles) {
+        EXPECT_EQ([title retainCount], 1u);
+        [title release];
+    }
+}
+
+TEST_F(ChoiceTest, IsNoMoreWhenItsLastOwnerLetsGo)
+{
+    const LivingObjects living("PDEChoice");
+    id choice = [[choiceClass() alloc] initWithChoice:record(0)];
+    EXPECT_EQ(living.count(), 1);
+    [choice release];
+    EXPECT_EQ(living.count(), 0);
+}
+
+TEST_F(ChoiceTest, BeginsWithoutTitlesWhateverStoodInItsPlace)
+{
+    id choice = [choiceClass() alloc];
+    ivarOf<NSString*>(choice, "mUserTitle") = @"of another";
+    ivarOf<NSString*>(choice, "mPPDTitle") = @"of another";
+    choice = [choice initWithChoice:record(1)];
+    EXPECT_EQ(textOf([choice userTitle]), "日本語");
+    EXPECT_EQ(textOf([choice ppdTitle]), "300x600dpi");
+    [choice release];
+}
+
+TEST_F(ChoiceTest, IsNothingWhereItsSuperclassMakesNothing)
+{
+    const FailingInit failing(choiceClass());
+    EXPECT_EQ([[choiceClass() alloc] initWithChoice:record(0)], nil);
 }
 
 TEST_F(ChoiceTest, HasItsVariablesInOrder)
@@ -196,6 +225,8 @@ TEST_F(ChoiceTest, LivesWithoutARecordOrAnOption)
     EXPECT_NE([none description], nil);
     ppd_choice_t stray{};
     std::strcpy(stray.choice, "300dpi");
-    EXPECT_EQ([wrap(&stray) isDefaultChoice], NO);
-    EXPECT_NE([wrap(&stray) description], nil);
+    id<ChoiceUnderTest> alone = wrap(&stray);
+    EXPECT_EQ([alone isDefaultChoice], NO);
+    EXPECT_EQ(textOf([alone description]),
+              describedAs(alone, "userTitle:\"\" ppdTitle:\"300dpi\" marked:NO choice:0 of 0>"));
 }

@@ -23,6 +23,29 @@
 + (NSMutableString*)deleteString:(NSString*)string intoString:(NSString*)searched;
 @end
 
+// A string that no encoding can hold.
+@interface UnconvertibleString : NSString
+@end
+
+@implementation UnconvertibleString
+
+- (NSUInteger)length
+{
+    return 1;
+}
+
+- (unichar)characterAtIndex:(NSUInteger)index
+{
+    return 'x';
+}
+
+- (BOOL)canBeConvertedToEncoding:(NSStringEncoding)encoding
+{
+    return NO;
+}
+
+@end
+
 namespace {
 
 // The system encoding of this program is Latin-1, so that it differs from the UTF-8 of titles.  The
@@ -326,6 +349,12 @@ TEST(EncodedLength, LivesWithHalfASurrogatePair)
 {
     const unichar half = 0xd800;
     [utilities() stringLengthConvertedToEncoding:[NSString stringWithCharacters:&half length:1]];
+}
+
+TEST(EncodedLength, IsZeroForAStringThatNoEncodingCanHold)
+{
+    id const string = [[[UnconvertibleString alloc] init] autorelease];
+    EXPECT_EQ([utilities() stringLengthConvertedToEncoding:string], 0u);
 }
 
 TEST(ScanString, FindsOneStringInAnother)

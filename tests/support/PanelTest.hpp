@@ -211,6 +211,46 @@ class ScopedKeyWindow
     ScopedKeyWindow& operator=(const ScopedKeyWindow&) = delete;
 };
 
+// Counts the objects of a class that were made while it lives and are alive.
+class LivingObjects
+{
+  public:
+    explicit LivingObjects(const char* className);
+    ~LivingObjects();
+    LivingObjects(const LivingObjects&) = delete;
+    LivingObjects& operator=(const LivingObjects&) = delete;
+    int count() const;
+
+  private:
+    Class counted_;
+    int before_ = 0;
+};
+
+// While it lives, NSObject's init answers nil to objects of the class.
+class FailingInit
+{
+  public:
+    explicit FailingInit(Class failing);
+    ~FailingInit();
+    FailingInit(const FailingInit&) = delete;
+    FailingInit& operator=(const FailingInit&) = delete;
+};
+
+// While it lives, a method of the class itself is another one.  What stood there is real().
+class ReplacedMethod
+{
+  public:
+    ReplacedMethod(Class owner, SEL message, IMP replacement);
+    ~ReplacedMethod();
+    ReplacedMethod(const ReplacedMethod&) = delete;
+    ReplacedMethod& operator=(const ReplacedMethod&) = delete;
+    IMP real() const { return real_; }
+
+  private:
+    Method method_;
+    IMP real_;
+};
+
 // Messages of the alerts shown since the last call.  Alerts do not stop a test.
 Texts takeAlerts();
 

@@ -299,6 +299,64 @@ ScopedKeyWindow::~ScopedKeyWindow()
     keyWindow = nil;
 }
 
+// The toolkit's header hides them from builds without assertions; the library has them always.
+extern "C" BOOL GSDebugAllocationActive(BOOL active);
+extern "C" int GSDebugAllocationCount(Class counted);
+
+LivingObjects::LivingObjects(const char* className) : counted_(classNamed(className))
+{
+    GSDebugAllocationActive(YES);
+    before_ = GSDebugAllocationCount(counted_);
+}
+
+LivingObjects::~LivingObjects()
+{
+    GSDebugAllocationActive(NO);
+}
+
+int LivingObjects::count() const
+{
+    return GSDebugAllocationCount(counted_) - before_;
+}
+
+ReplacedMethod::ReplacedMethod(Class owner, SEL message, IMP replacement)
+    : method_(class_getInstanceMethod(owner, message)),
+      real_(method_setImplementation(method_, replacement))
+{
+}
+
+ReplacedMethod::~ReplacedMethod()
+{
+    method_setImplementation(method_, real_);
+}
+
+static Class failingClass = Nil;
+
+static id failToInit(id self, SEL)
+{
+    if (![self isKindOfClass:failingClass])
+        return self;
+    [self release];
+    return nil;
+}
+
+static std::optional<ReplacedMethod>& objectInit()
+{
+    static std::optional<ReplacedMethod> replaced;
+    return replaced;
+}
+
+FailingInit::FailingInit(Class failing)
+{
+    failingClass = failing;
+    objectInit().emplace([NSObject class], @selector(init), reinterpret_cast<IMP>(failToInit));
+}
+
+FailingInit::~FailingInit()
+{
+    objectInit().reset();
+}
+
 static Texts& alerts()
 {
     static Texts shown;
