@@ -264,10 +264,10 @@ static void takeDecimalNumbers(NSTextField* field)
 {
     if ([matrix numberOfRows] == count)
         return;
-    const NSInteger selected = [matrix selectedRow];
+    const NSInteger selected = std::max<NSInteger>([matrix selectedRow], 0);
     [matrix renewRows:count columns:1];
-    if (count > 0)
-        [matrix selectCellAtRow:std::clamp<NSInteger>(selected, 0, count - 1) column:0];
+    // Without rows, row -1: none.
+    [matrix selectCellAtRow:std::min(selected, count - 1) column:0];
 }
 
 - (NSInteger)indexOfDefaultIn:(NSArray*)choices testing:(NSArray*)tested
@@ -288,17 +288,16 @@ static void takeDecimalNumbers(NSTextField* field)
     [self showCaptionOf:ppd::kPrintModeOption fallback:@"RS_Quality" in:mPrintVnResolutionStr
                 enabled:enabled];
     [mVnResolutionPUBtn setEnabled:enabled];
-    const NSInteger selected = [mVnResolutionPUBtn indexOfSelectedItem];
+    const NSInteger selected = std::max<NSInteger>([mVnResolutionPUBtn indexOfSelectedItem], 0);
     [self fillPrintModes];
     // The default is looked for among the resolutions, to which the print modes correspond.
     const NSInteger standard = [self indexOfDefaultIn:mVnResolution_Choices
                                               testing:mResolution_Choices];
     const NSInteger count = [mVnResolutionPUBtn numberOfItems];
-    if (count > 0)
-        [mVnResolutionPUBtn
-            selectItemAtIndex:ppd::isInList(standard, static_cast<std::size_t>(count))
-                                  ? standard
-                                  : std::clamp<NSInteger>(selected, 0, count - 1)];
+    // Without items, item -1: none.
+    [mVnResolutionPUBtn selectItemAtIndex:ppd::isInList(standard, static_cast<std::size_t>(count))
+                                              ? standard
+                                              : std::min(selected, count - 1)];
 }
 
 - (void)fillPrintModes

@@ -372,8 +372,8 @@ static std::optional<std::size_t> countOf(NSArray* choices)
 
 - (BOOL)readTape:(TapeInfo*)tape
 {
-    OSStatus status = 0;
-    return [self readTape:tape status:&status];
+    OSStatus ignored = {};
+    return [self readTape:tape status:&ignored];
 }
 
 - (BOOL)readTape:(TapeInfo*)tape status:(OSStatus*)status

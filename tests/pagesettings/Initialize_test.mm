@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bitset>
+#include <utility>
 
 namespace {
 
@@ -26,10 +27,14 @@ class UnshownPanel
 {
   public:
     explicit UnshownPanel(const DialogSetup& setup) : dialog(setup) {}
-    void show()
+    void load()
     {
         panel_.emplace(dialog);
         [get() panelView];
+    }
+    void show()
+    {
+        load();
         [get() willShow];
     }
     id<PageSettingsUnderTest> get() const { return (id<PageSettingsUnderTest>)panel_->get(); }
@@ -94,6 +99,37 @@ TEST(TapeWidth, PairsSizesAndChoicesByPlaceNotByKeyword)
     std::swap(panel.dialog.ppd()->sizes[0].name, panel.dialog.ppd()->sizes[1].name);
     panel.show();
     EXPECT_EQ(panel.text("mWidthTxFld"), "36 mm tape");
+}
+
+TEST(TapeWidth, IsThatOfTheFirstOfTwoSizesOfOneName)
+{
+    UnshownPanel panel(usbDialog(labelPrinter(), paperOf(100, "TC24")));
+    std::strcpy(panel.dialog.ppd()->sizes[1].name, "TC24");
+    panel.show();
+    EXPECT_EQ(panel.text("mWidthTxFld"), "24 mm tape");
+}
+
+TEST(TapeWidth, IsUnknownForASizeBeyondTheEndOfEitherList)
+{
+    UnshownPanel panel(usbDialog(labelPrinter(), paperOf(100, "TC24")));
+    const int sizes = std::exchange(panel.dialog.ppd()->num_sizes, 0);
+    panel.show();
+    EXPECT_EQ(panel.text("mWidthTxFld"), localizedText("RS_TapeWidthNot"));
+    panel.dialog.ppd()->num_sizes = sizes;
+    [panel.get() initializeUI_Width];
+    EXPECT_EQ(panel.text("mWidthTxFld"), "24 mm tape");
+    panel.dialog.option("PageSize")->num_choices = 0;
+    [panel.get() initializeUI_Width];
+    EXPECT_EQ(panel.text("mWidthTxFld"), localizedText("RS_TapeWidthNot"));
+    panel.dialog.option("PageSize")->num_choices = sizes;
+}
+
+TEST(TapeWidth, IsUnknownForASizeWithoutAText)
+{
+    UnshownPanel panel(usbDialog(labelPrinter(), paperOf(100, "TC24")));
+    takeTitle(panel.dialog.option("PageSize")->choices[0]);
+    panel.show();
+    EXPECT_EQ(panel.text("mWidthTxFld"), localizedText("RS_TapeWidthNot"));
 }
 
 TEST(TapeWidth, IsUnknownForATextThatIsNotUTF8)
@@ -303,6 +339,7 @@ TEST(LengthControls, TakeDigitsAndAPointOnly)
         [shown.get() initializeUI_Length];
         [shown.get() initializeUI_Margin];
         EXPECT_EQ([shown.field(name) formatter], formatter) << "a second formatter";
+        EXPECT_EQ([formatter retainCount], 1u) << "the field's alone";
     }
 }
 
@@ -412,6 +449,69 @@ TEST(ChoiceGroups, StartWithThePPDsDefaults)
     EXPECT_EQ([shown.matrix("mCompressRdBtn") selectedRow], 1);
 }
 
+TEST(ChoiceGroups, AreEnabledWithTheirCaptionsWhenTheyAreFilledAgain)
+{
+    Offer offer;
+    offer.printMode = printModes();
+    ShownPanel shown(usbDialog(labelPrinter(offer)));
+    for (const char* name : {"mPrintQualityRdBtn", "mResolutionRdBtn", "mVnResolutionPUBtn"})
+        [shown.control<NSControl*>(name) setEnabled:NO];
+    for (const char* name : {"mPrintQualityStr", "mPrintResolutionStr", "mPrintVnResolutionStr"})
+        [shown.field(name) setTextColor:[NSColor disabledControlTextColor]];
+    [shown.get() initializeUI_Quality];
+    [shown.get() initializeUI_Resolution];
+    [shown.get() initializeUI_VnResolution];
+    for (const char* name : {"mPrintQualityRdBtn", "mResolutionRdBtn", "mVnResolutionPUBtn"})
+        EXPECT_TRUE([shown.control<NSControl*>(name) isEnabled]) << name;
+    for (const char* name : {"mPrintQualityStr", "mPrintResolutionStr", "mPrintVnResolutionStr"})
+        EXPECT_FALSE(shown.isGrey(name)) << name;
+}
+
+TEST(ChoiceGroups, KeepTheSelectedRowThroughAnotherNumberOfRows)
+{
+    const auto selectedAmong = [](int count, NSInteger selected) {
+        Offer offer;
+        offer.quality = choices(count, "q");
+        offer.qualityDefault = "none of them";
+        UnshownPanel panel(usbDialog(labelPrinter(offer)));
+        panel.load();
+        NSMatrix* const rows = panel.control<NSMatrix*>("mPrintQualityRdBtn");
+        EXPECT_EQ([rows numberOfRows], 2);
+        [rows selectCellAtRow:selected column:0];
+        [panel.get() willShow];
+        EXPECT_EQ([rows numberOfRows], count);
+        return [rows selectedRow];
+    };
+    EXPECT_EQ(selectedAmong(3, 0), 0);
+    EXPECT_EQ(selectedAmong(3, 1), 1);
+    EXPECT_EQ(selectedAmong(1, 1), 0); // the last that there is
+    EXPECT_EQ(selectedAmong(1, 0), 0);
+}
+
+TEST(ChoiceGroups, SelectTheFirstRowWhereNoneWasSelected)
+{
+    Offer offer;
+    offer.quality = choices(3, "q");
+    offer.qualityDefault = "none of them";
+    UnshownPanel panel(usbDialog(labelPrinter(offer)));
+    panel.load();
+    NSMatrix* const rows = panel.control<NSMatrix*>("mPrintQualityRdBtn");
+    [rows setAllowsEmptySelection:YES];
+    [rows deselectAllCells];
+    [panel.get() willShow];
+    EXPECT_EQ([rows selectedRow], 0);
+}
+
+TEST(ChoiceGroups, HaveNoRowsWithoutChoices)
+{
+    UnshownPanel panel(usbDialog(labelPrinter()));
+    const int count = std::exchange(panel.dialog.option("VnPriority")->num_choices, 0);
+    panel.show();
+    EXPECT_EQ([panel.control<NSMatrix*>("mPrintQualityRdBtn") numberOfRows], 0);
+    EXPECT_EQ([panel.control<NSMatrix*>("mPrintQualityRdBtn") selectedRow], -1);
+    panel.dialog.option("VnPriority")->num_choices = count;
+}
+
 TEST(ChoiceGroups, LeaveTheSelectionWithoutADefault)
 {
     ShownPanel shown(usbDialog(labelPrinter({.qualityDefault = "Nothing"})));
@@ -445,6 +545,19 @@ TEST(ChoiceGroups, GiveTheFirstTwoRowsTheirOwnTextsWhicheverTitleIsMissing)
     ASSERT_EQ(titles.size(), 3u);
     EXPECT_EQ(titles[0], localizedText("RS_Resol300300"));
     EXPECT_EQ(titles[1], localizedText("RS_Resol300600"));
+    EXPECT_EQ(titles[2], "c"); // no text stands in for it
+}
+
+TEST(ChoiceGroups, ShowNothingForAThirdChoiceWithNeitherTitleNorKeyword)
+{
+    Offer offer;
+    offer.resolution = {{"a", "A"}, {"b", "B"}, {"c", "C"}};
+    UnshownPanel panel(usbDialog(labelPrinter(offer)));
+    takeTitle(panel.dialog.option("Resolution")->choices[2]);
+    std::strcpy(panel.dialog.option("Resolution")->choices[2].choice, kNotUTF8);
+    panel.show();
+    EXPECT_EQ(panel.titles("mResolutionRdBtn"),
+              (Texts{localizedText("RS_Resol300300"), localizedText("RS_Resol300600"), ""}));
 }
 
 TEST(ChoiceGroups, LetALaterTitleReplaceAStandIn)
@@ -578,6 +691,81 @@ TEST(PrintModes, ShowAsManyItemsAsThePPDHasChoices)
         EXPECT_EQ(textOf([[shown.popUp() itemAtIndex:count - 1] title]),
                   "Title " + std::to_string(count - 1));
     }
+}
+
+TEST(PrintModes, KeepTheSelectedItemWithoutADefaultWhenTheyAreFilledAgain)
+{
+    Offer offer;
+    offer.printMode = printModes();
+    offer.resolution.clear(); // where the default would be looked for
+    ShownPanel shown(usbDialog(labelPrinter(offer)));
+    for (const NSInteger item : {0, 1, 2}) {
+        [shown.popUp() selectItemAtIndex:item];
+        [shown.get() initializeUI_VnResolution];
+        EXPECT_EQ([shown.popUp() indexOfSelectedItem], item);
+        EXPECT_EQ(textsOf([shown.popUp() itemTitles]),
+                  (Texts{"Fast square", "Fine square", "Fine tall"}));
+    }
+    for (const NSInteger item : {3, 4}) {
+        for (NSString* further in @[ @"4", @"5" ])
+            [shown.popUp() addItemWithTitle:further];
+        [shown.popUp() selectItemAtIndex:item];
+        [shown.get() initializeUI_VnResolution];
+        EXPECT_EQ([shown.popUp() indexOfSelectedItem], 2); // the last that there is
+    }
+}
+
+TEST(PrintModes, MayBeMissing)
+{
+    Offer offer;
+    offer.printMode = printModes();
+    UnshownPanel panel(usbDialog(labelPrinter(offer)));
+    const int count = std::exchange(panel.dialog.option("VnResolution")->num_choices, 0);
+    panel.show();
+    EXPECT_EQ([panel.control<NSPopUpButton*>("mVnResolutionPUBtn") numberOfItems], 0);
+    EXPECT_EQ([panel.control<NSPopUpButton*>("mVnResolutionPUBtn") indexOfSelectedItem], -1);
+    panel.dialog.option("VnResolution")->num_choices = count;
+}
+
+} // namespace
+
+// Writes down how many items the menu has each time that one is added.
+@interface ItemCounter : NSObject
+{
+  @public
+    std::vector<NSInteger> counts;
+}
+@end
+
+@implementation ItemCounter
+
+- (void)menuDidAddItem:(NSNotification*)notification
+{
+    counts.push_back([[notification object] numberOfItems]);
+}
+
+@end
+
+namespace {
+
+TEST(PrintModes, AreToldToTheMenusObserversAllAtTheEnd)
+{
+    Offer offer;
+    offer.printMode = printModes();
+    ShownPanel shown(usbDialog(labelPrinter(offer)));
+    NSMenu* const menu = [shown.popUp() menu];
+    ItemCounter* const counter = [[[ItemCounter alloc] init] autorelease];
+    [[NSNotificationCenter defaultCenter] addObserver:counter selector:@selector(menuDidAddItem:)
+                                                 name:NSMenuDidAddItemNotification
+                                               object:menu];
+    [shown.get() initializeUI_VnResolution];
+    [[NSNotificationCenter defaultCenter] removeObserver:counter];
+    EXPECT_EQ(counter->counts, (std::vector<NSInteger>{3, 3, 3}));
+    EXPECT_TRUE([menu menuChangedMessagesEnabled]);
+    [menu setMenuChangedMessagesEnabled:NO];
+    [shown.get() initializeUI_VnResolution];
+    EXPECT_FALSE([menu menuChangedMessagesEnabled]) << "who switched them off wants them off";
+    [menu setMenuChangedMessagesEnabled:YES];
 }
 
 // Quality tied to resolution

@@ -1,5 +1,6 @@
 // The panel's creation, layout, hooks, limits and reactions to typing, in the loaded interface
 // file. What its controls show, correct and save has tests of its own.
+#include "support/CoreFoundationCalls.hpp"
 #include "support/PanelTestPrinting.hpp"
 
 #include <cstring>
@@ -349,6 +350,75 @@ TEST(PanelCreation, SetsEveryFlagToItsBeginning)
         EXPECT_EQ(shown.control(selection), nil) << selection;
 }
 
+TEST(PanelCreation, BeginsAtTheBeginningWhateverStoodInItsPlace)
+{
+    FakeDialog dialog(setupWith(tape()));
+    id panel = [classNamed("PageSettingPDE13_v100_") alloc];
+    const char* const selections[] = {"mQuality_Selection", "mResolution_Selection",
+                                      "mCompress_Selection", "mVnResolution_Selection"};
+    for (const char* selection : selections)
+        ivarOf<id>(panel, selection) = @"of another";
+    ivarOf<uint8_t>(panel, "column_dec") = 1;
+    ivarOf<uint8_t>(panel, "set_formatSetting") = 1;
+    ivarOf<int32_t>(panel, "mPDEUnit") = 7;
+    ivarOf<int32_t>(panel, "mTapeState") = 7;
+    panel = [panel initWithCallback:dialog.callback() andBundle:pluginBundle()];
+    for (const char* selection : selections)
+        EXPECT_EQ(ivarOf<id>(panel, selection), nil) << selection;
+    EXPECT_EQ(ivarOf<uint8_t>(panel, "column_dec"), 0);
+    EXPECT_EQ(ivarOf<uint8_t>(panel, "set_formatSetting"), 0);
+    EXPECT_EQ(ivarOf<int32_t>(panel, "mPDEUnit"), 0);
+    EXPECT_EQ(ivarOf<int32_t>(panel, "mTapeState"), 0);
+    [panel release];
+}
+
+static int finalized = 0;
+
+static void countFinalize(id, SEL)
+{
+    ++finalized;
+}
+
+TEST(PanelCreation, IsUndoneWhenTheLastOwnerLetsGo)
+{
+    const LivingObjects living("PageSettingPDE13_v100_");
+    {
+        Shown shown(everything());
+        EXPECT_EQ(living.count(), 1);
+        const ReplacedMethod replaced([NSObject class], @selector(finalize),
+                                      reinterpret_cast<IMP>(countFinalize));
+        finalized = 0;
+        [(id)shown.panel.get() finalize];
+        EXPECT_EQ(finalized, 1);
+    }
+    EXPECT_EQ(living.count(), 0);
+}
+
+TEST(PanelCreation, IsUndoneWithNoControlLeftToSpeakToAPanelThatIsGone)
+{
+    NSView* view = nil;
+    NSControl* senders[6];
+    NSTextField* fields[2];
+    {
+        Shown shown(everything());
+        const ScopedPool pool;
+        view = [[shown.panel panelView] retain];
+        int count = 0;
+        for (const char* name : {"mLengthSlider", "mMarginSlider", "mPrintQualityRdBtn",
+                                 "mResolutionRdBtn", "mCompressRdBtn", "mVnResolutionPUBtn"}) {
+            senders[count] = shown.control<NSControl*>(name);
+            EXPECT_EQ([senders[count++] target], (id)shown.panel.get()) << name;
+        }
+        fields[0] = shown.control<NSTextField*>("mLengthTxFld");
+        fields[1] = shown.control<NSTextField*>("mMarginTxFld");
+    }
+    for (NSControl* sender : senders)
+        EXPECT_EQ([sender target], nil) << textOf([sender description]);
+    for (NSTextField* field : fields)
+        EXPECT_EQ([field delegate], nil);
+    [view release];
+}
+
 TEST(PanelCreation, FindsTheOptionsAndTheirChoices)
 {
     Shown shown(everything());
@@ -425,7 +495,19 @@ TEST(USBConnection, IsNotThereWithoutAUsableURI)
     EXPECT_EQ(outlet<uint8_t>(Shown(tape()).panel, "usb_dec"), 0);
     PrintingCalls::reset();
     PrintingCalls::answerNull("PMPrinterCopyDeviceURI");
+    CoreFoundationCalls::reset();
     EXPECT_EQ(outlet<uint8_t>(Shown(tape()).panel, "usb_dec"), 0);
+    EXPECT_EQ(CoreFoundationCalls::withNull(), Texts{});
+}
+
+TEST(USBConnection, IsAskedForWithoutKeepingTheScheme)
+{
+    CoreFoundationCalls::reset();
+    Shown none({.ppd = tape(), .deviceURI = "usb"});
+    EXPECT_EQ(CoreFoundationCalls::withNull(), Texts{});
+    Shown usb(tape());
+    EXPECT_EQ(CoreFoundationCalls::owned(), 0);
+    EXPECT_EQ(CoreFoundationCalls::released(), 1);
 }
 
 // Unit, whole numbers, limits.
@@ -518,6 +600,14 @@ TEST(Limits, AreTheNumberThatTheTextBeginsWith)
     EXPECT_EQ(limit("letters"), 0.0f);
     EXPECT_EQ(limit("mm 12.5"), 0.0f);
     EXPECT_EQ(limit(""), 0.0f);
+}
+
+TEST(Limits, AreZeroForATextThatIsNoneInItsEncoding)
+{
+    Shown shown(PPDText().attribute("VnMinTapeLength", "12.5xx"));
+    EXPECT_EQ([shown.panel minTapeLen], 12.5f);
+    std::strcpy(ppdFindAttr(shown.dialog.ppd(), "VnMinTapeLength", nullptr)->value, "12.5\xff");
+    EXPECT_EQ([shown.panel minTapeLen], 0.0f);
 }
 
 TEST(Limits, AreZeroWithoutPPDOrAttribute)
@@ -801,6 +891,7 @@ TEST(PanelLayoutInTheView, HidesAllRowsAndTakesTheSeparatorAwayWithoutOptions)
     EXPECT_EQ(visibleRows(shown), Texts{});
     EXPECT_EQ(shown.height(), fileHeight() - 48 - 48 - 48 - 34);
     EXPECT_FALSE(hasSeparator(shown));
+    EXPECT_EQ(shown.control("mSeparateLine1"), nil); // nobody keeps it
 }
 
 TEST(PanelLayoutInTheView, TakesTheSeparatorAwayOnlyWhenThereIsNothingToChoose)
@@ -950,6 +1041,132 @@ TEST(EndOfEditing, ByTabBringsAShortLengthUpToTheMinimumAndOneByTheProgramDoesNo
     [shown.panel controlTextDidEndEditing:about(length)];
     EXPECT_EQ(textOf([length stringValue]), "20.0");
     EXPECT_EQ(takeAlerts(), Texts{});
+}
+
+// Titles.
+
+@interface NSObject (TitlesUnderTest)
+- (NSString*)titleOfChoice:(NSInteger)index ofOption:(ppd_option_t*)option;
+- (NSString*)titleOfOption:(ppd_option_t*)option;
+@end
+
+TEST(ChoiceTitle, IsThereForTheChoicesOfTheOptionOnly)
+{
+    Shown shown(everything());
+    id const panel = shown.panel.get();
+    ppd_option_t* const quality = shown.dialog.option("VnPriority");
+    EXPECT_EQ(textOf([panel titleOfChoice:0 ofOption:quality]), "Fast");
+    EXPECT_EQ(textOf([panel titleOfChoice:1 ofOption:quality]), "Fine");
+    for (const NSInteger index : {NSIntegerMin, NSInteger{-1}, NSInteger{2}, NSIntegerMax})
+        EXPECT_EQ([panel titleOfChoice:index ofOption:quality], nil) << index;
+    EXPECT_EQ([panel titleOfChoice:0 ofOption:nullptr], nil);
+}
+
+TEST(ChoiceTitle, MayBeASingleLetter)
+{
+    Shown shown(everything());
+    id const panel = shown.panel.get();
+    ppd_option_t* const quality = shown.dialog.option("VnPriority");
+    std::strcpy(quality->text, "Q");
+    std::strcpy(quality->choices[0].text, "q");
+    EXPECT_EQ(textOf([panel titleOfOption:quality]), "Q");
+    EXPECT_EQ(textOf([panel titleOfChoice:0 ofOption:quality]), "q");
+    std::strcpy(quality->choices[0].text, "");
+    EXPECT_EQ([panel titleOfChoice:0 ofOption:quality], nil);
+}
+
+// The text of the tape's width.
+
+namespace {
+
+PPDText twoTapes()
+{
+    return everything().paper("TC36", "36 mm", 102, 72);
+}
+
+NSString* widthOf(const Shown& shown)
+{
+    NSDictionary* const summary = [shown.panel summaryInfo];
+    return [summary objectForKey:[[summary objectForKey:@"Summary Display Order"] firstObject]];
+}
+
+} // namespace
+
+TEST(WidthText, IsMadeOnceForATape)
+{
+    Shown shown(twoTapes());
+    NSString* const text = widthOf(shown);
+    EXPECT_EQ(textOf(text), "24 mm");
+    EXPECT_EQ(widthOf(shown), text);
+    shown.dialog.format.setPaper({"TC36", 102, 72});
+    EXPECT_EQ(textOf(widthOf(shown)), "36 mm");
+    shown.dialog.format.setPaper({"TC24", 68, 72});
+    EXPECT_EQ(textOf(widthOf(shown)), "24 mm");
+}
+
+TEST(WidthText, GoesWithTheTapeAndWithThePanel)
+{
+    NSString* first = nil;
+    NSString* second = nil;
+    {
+        Shown shown(twoTapes());
+        const ScopedPool pool;
+        first = [widthOf(shown) retain];
+        shown.dialog.format.setPaper({"TC36", 102, 72});
+        second = [widthOf(shown) retain];
+    }
+    EXPECT_EQ([first retainCount], 1u);
+    EXPECT_EQ([second retainCount], 1u);
+    [first release];
+    [second release];
+}
+
+// A sanitizer gives no address out again.
+#if !defined(__has_feature) || !__has_feature(address_sanitizer)
+TEST(WidthText, IsNotThatOfAnEarlierPanelAtTheSameAddress)
+{
+    FakeDialog dialog(setupWith(twoTapes()));
+    const void* address = nullptr;
+    NSString* first = nil;
+    for (int i = 0; i < 100; ++i) {
+        const ScopedPool pool;
+        TestPanel panel(dialog);
+        const NSDictionary* const summary = [panel summaryInfo];
+        NSString* const text =
+            [summary objectForKey:[[summary objectForKey:@"Summary Display Order"] firstObject]];
+        EXPECT_EQ(textOf(text), "24 mm");
+        if (first == nil) {
+            address = panel.get();
+            first = [text retain];
+        } else if (address == panel.get()) {
+            EXPECT_NE(text, first);
+            address = nullptr;
+            break;
+        }
+    }
+    EXPECT_EQ(address, nullptr) << "no panel came to stand where the first stood";
+    [first release];
+}
+#endif
+
+// What belongs to Core Foundation.
+
+TEST(Road, LeavesNothingOfCoreFoundationBehindAndHandsItNoNull)
+{
+    CoreFoundationCalls::reset();
+    for (const std::optional<printing::Paper>& paper :
+         {std::optional<printing::Paper>({"TC24", 68, 72}), std::optional<printing::Paper>()}) {
+        Shown shown({.ppd = everything(), .paper = paper});
+        [shown.panel panelView];
+        [shown.panel supportedPPDOptionKeys];
+        [shown.panel willShow];
+        [shown.panel summaryInfo];
+        [shown.panel saveValuesAndReturnError:nullptr];
+        [shown.panel shouldPrint];
+    }
+    EXPECT_EQ(CoreFoundationCalls::owned(), 0);
+    EXPECT_GT(CoreFoundationCalls::released(), 0);
+    EXPECT_EQ(CoreFoundationCalls::withNull(), Texts{});
 }
 
 // Nothing there, or too much of it.
