@@ -88,7 +88,7 @@
 // The very entry, not an equal one.
 - (NSInteger)indexOf:(PDEChoice*)selection in:(NSArray*)choices
 {
-    if (!selection || !choices)
+    if (!choices)
         return ppd::kNoIndex;
     const NSUInteger index = [choices indexOfObjectIdenticalTo:selection];
     return index == NSNotFound ? ppd::kNoIndex : static_cast<NSInteger>(index);

@@ -36,7 +36,7 @@ struct SummaryLines
 {
     const SummaryLines lines = {[NSMutableDictionary dictionary], [NSMutableArray array]};
     TapeInfo tape = {};
-    OSStatus status = 0;
+    OSStatus status = {};
     [self readTape:&tape status:&status];
 
     lines.add([self localized:@"RS_STitle_TapeWidth"], [self tapeWidthTextForPaper:tape.paperName]);

@@ -1,6 +1,7 @@
 #include "pagesettings/PageSettingsTest.hpp"
 
 #include <limits>
+#include <memory>
 
 namespace {
 
@@ -194,6 +195,38 @@ TEST(ChoosingAnything, ChecksTheEntriesOnlyWithASender)
     }
 }
 
+} // namespace
+
+static int qualityChecks = 0;
+static IMP realQualityCheck = nullptr;
+
+static void countQualityCheck(id self, SEL message)
+{
+    ++qualityChecks;
+    reinterpret_cast<void (*)(id, SEL)>(realQualityCheck)(self, message);
+}
+
+namespace {
+
+TEST(ChoosingAnything, TiesTheQualityAtTheRefreshAndOnceMoreButNotAfterAQuality)
+{
+    Offer offer;
+    offer.printMode = printModes();
+    ShownPanel shown(usbDialog(labelPrinter(offer)));
+    const ReplacedMethod replaced(classNamed("PageSettingPDE13_v100_"), @selector(enabledCheck_BS),
+                                  reinterpret_cast<IMP>(countQualityCheck));
+    realQualityCheck = replaced.real();
+    const auto checksOf = [&](SEL action) {
+        qualityChecks = 0;
+        [(id)shown.get() performSelector:action withObject:nil];
+        return qualityChecks;
+    };
+    EXPECT_EQ(checksOf(@selector(changeQuality:)), 1);
+    EXPECT_EQ(checksOf(@selector(changeResolution:)), 2);
+    EXPECT_EQ(checksOf(@selector(changeCompress:)), 2);
+    EXPECT_EQ(checksOf(@selector(changeVnResolution:)), 2);
+}
+
 TEST(ChoosingNothing, TellsTheDialogOnlyTheLength)
 {
     ShownPanel shown(usbDialog(labelPrinter()));
@@ -331,6 +364,25 @@ TEST(Check, PutsFieldAndSliderIntoTheLimits)
     EXPECT_EQ(shown.takeChanges(), Texts{});
 }
 
+TEST(Check, NotesThatItPassed)
+{
+    ShownPanel shown(usbDialog(labelPrinter()));
+    shown.ivar<std::int8_t>("checkValues_dec") = 0;
+    EXPECT_TRUE([shown.get() checkValues:NO]);
+    EXPECT_EQ(shown.ivar<std::int8_t>("checkValues_dec"), 1);
+}
+
+TEST(Check, PassesWithoutAMarginOption)
+{
+    ShownPanel shown(usbDialog(labelPrinter({.margin = ""})));
+    shown.setLength("5");
+    EXPECT_TRUE([shown.get() checkLengthByMargin:NO]);
+    EXPECT_EQ(shown.length(), "5"); // nothing for a margin to do
+    EXPECT_TRUE([shown.get() checkValues:NO]);
+    EXPECT_EQ(shown.length(), "20.0");
+    EXPECT_EQ(shown.margin(), "");
+}
+
 TEST(Check, TakesGarbageAndNothingForZero)
 {
     ShownPanel shown(usbDialog(labelPrinter()));
@@ -452,6 +504,31 @@ TEST(WideMargin, LengthensTheTapeQuietly)
     EXPECT_EQ(shown.length(), "40.1");
 }
 
+TEST(WideMargin, KeepsThePanelUntilItsAlertIsDown)
+{
+    FakeDialog dialog(usbDialog(labelPrinter(), paperOf(30)));
+    const LivingObjects living("PageSettingPDE13_v100_");
+    {
+        const ScopedPool outer;
+        auto owner = std::make_unique<TestPanel>(dialog);
+        id<PageSettingsUnderTest> const panel = (id<PageSettingsUnderTest>)owner->get();
+        {
+            const ScopedPool inner;
+            [panel panelView];
+            [panel willShow];
+            [outlet<NSTextField*>(*owner, "mMarginTxFld") setStringValue:@"20"];
+        }
+        duringNextAlert([&] {
+            owner.reset();
+            EXPECT_EQ(living.count(), 1);
+        });
+        EXPECT_TRUE([panel checkLengthByMargin:NO]);
+        EXPECT_EQ(owner, nullptr) << "no alert came up";
+        duringNextAlert(nullptr);
+    }
+    EXPECT_EQ(living.count(), 0);
+}
+
 TEST(WideMargin, IsOneAboveHalfOnly)
 {
     ShownPanel shown(usbDialog(labelPrinter()));
@@ -566,6 +643,18 @@ TEST(PrinterDot, IsTheLeastStepWithoutAResolution)
     offer.unit = "inch";
     ShownPanel inches(usbDialog(labelPrinter(offer)));
     EXPECT_DOUBLE_EQ([inches.get() getOneDotMM], kLeastInch);
+}
+
+TEST(PrinterDot, IsTheLeastStepWhereTheResolutionHasNoChoiceOfThatRow)
+{
+    Offer offer;
+    offer.resolution = {{"100x180dpi", "a"}, {"100x90dpi", "b"}};
+    ShownPanel shown(usbDialog(labelPrinter(offer)));
+    selectRow(shown, "mResolutionRdBtn", 1);
+    shown.dialog.option("Resolution")->num_choices = 1;
+    EXPECT_EQ([shown.get() getOneDotMM], 0.1);
+    shown.dialog.option("Resolution")->num_choices = 2;
+    EXPECT_DOUBLE_EQ([shown.get() getOneDotMM], 25.4 / 90);
 }
 
 TEST(PrinterDot, IsAtLeastAHundredthOfAnInch)

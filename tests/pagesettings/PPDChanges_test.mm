@@ -245,6 +245,18 @@ TEST(Refreshing, FindsTheVeryEntryAndNotAnEqualOne)
     shown.ivar<id>("mCompress_Selection") = nil;
 }
 
+TEST(Refreshing, LeavesTheRowOfAListThatIsGone)
+{
+    ShownPanel shown(usbDialog(labelPrinter()));
+    [shown.get() updateMarkedSelections:16];
+    [shown.matrix("mCompressRdBtn") selectCellAtRow:1 column:0];
+    NSMutableArray* const list = shown.ivar<NSMutableArray*>("mCompress_Choices");
+    shown.ivar<NSMutableArray*>("mCompress_Choices") = nil;
+    [shown.get() updateUIItem:16];
+    EXPECT_EQ([shown.matrix("mCompressRdBtn") selectedRow], 1);
+    shown.ivar<NSMutableArray*>("mCompress_Choices") = list;
+}
+
 TEST(Refreshing, LeavesTheRowWithoutASelection)
 {
     ShownPanel shown(usbDialog(labelPrinter(everyOption())));

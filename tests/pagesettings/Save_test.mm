@@ -173,6 +173,28 @@ TEST(ShouldPrint, SavesBeforeItChecks)
     EXPECT_EQ(takeAlerts().size(), 1u);
 }
 
+} // namespace
+
+static int basesAnswers = 0;
+
+static BOOL countAnswer(id, SEL)
+{
+    ++basesAnswers;
+    return NO;
+}
+
+namespace {
+
+TEST(ShouldPrint, AsksTheBasePanelTooAndDoesNotGoByItsAnswer)
+{
+    ShownPanel shown(usbDialog(labelPrinter()));
+    const ReplacedMethod replaced(classNamed("BasePDE13_v100_"), @selector(shouldPrint),
+                                  reinterpret_cast<IMP>(countAnswer));
+    basesAnswers = 0;
+    EXPECT_TRUE([shown.get() shouldPrint]);
+    EXPECT_EQ(basesAnswers, 1);
+}
+
 TEST(ShouldPrint, HoldsTheJobBackOnceAfterAFailedCheck)
 {
     ShownPanel shown(usbDialog(labelPrinter()));
