@@ -227,6 +227,15 @@ TEST(ChoosingAnything, TiesTheQualityAtTheRefreshAndOnceMoreButNotAfterAQuality)
     EXPECT_EQ(checksOf(@selector(changeVnResolution:)), 2);
 }
 
+TEST(ChoosingAnything, WarnsOfAWideMargin)
+{
+    ShownPanel shown(usbDialog(labelPrinter(), paperOf(30)));
+    shown.setMargin("20");
+    [shown.get() changeQuality:shown.matrix("mPrintQualityRdBtn")];
+    EXPECT_EQ(takeAlerts(), (Texts{localizedText("RS_Alrt_LengthByMargin")}));
+    EXPECT_EQ(shown.length(), "40.1");
+}
+
 TEST(ChoosingNothing, TellsTheDialogOnlyTheLength)
 {
     ShownPanel shown(usbDialog(labelPrinter()));
