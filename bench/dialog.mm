@@ -8,6 +8,7 @@
 #include "dialog/preview/ControlActions.h"
 #include "dialog/theme/DesktopSettings.hpp"
 #include "dialog/theme/TapeTheme.h"
+#include "platform/WindowServer.h"
 
 #include <objc/runtime.h>
 
@@ -181,6 +182,7 @@ int main(int argc, char** argv, char** environment)
     [NSImageRep unregisterImageRepClass:NSClassFromString(@"GSImageMagickImageRep")];
     dialog::keepToOneself();
     dialog::setUpPasteboards();
+    printing::askWindowServerLess();
     [TapePrintApplication sharedApplication];
     dialog::useTheme(dialog::appearanceOnThisDesktop(dialog::WantedAppearance::Light));
 

@@ -1,6 +1,7 @@
 // panel.mm - the rows about the panel: opening it, showing it again, and every way of using it.
 #include "bench/Host.hpp"
 #include "bench/Meter.hpp"
+#include "platform/WindowServer.h"
 
 #include <cups/ppd.h>
 #include <malloc.h>
@@ -332,6 +333,7 @@ void measureMemory(const Stage& stage)
 // The panel, with the keyboard in one of its controls, for whoever types from outside.
 [[noreturn]] void showPanel(const char* control)
 {
+    printing::askWindowServerLess();
     [NSApplication sharedApplication];
     Dialog dialog(10, 2);
     dialog.marksChoices = true;

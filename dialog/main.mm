@@ -16,6 +16,7 @@
 #include "dialog/theme/DesktopSettings.hpp"
 #include "dialog/theme/TapeTheme.h"
 #include "dialog/twin/PanelCheck.h"
+#include "platform/WindowServer.h"
 
 #include <AppKit/AppKit.h>
 
@@ -70,6 +71,7 @@ dialog::ExitStatus runWithoutWindow(dialog::CommandLine line)
 
 dialog::ExitStatus run(const dialog::CommandLine& line, const dialog::Language& language)
 {
+    printing::askWindowServerLess();
     NSApplication* const application = openApplication();
     if (application == nil) {
         const dialog::Failure failure = dialog::noDisplay();

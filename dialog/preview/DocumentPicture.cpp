@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <span>
 
 namespace dialog {
 
@@ -54,27 +55,41 @@ std::size_t characters(std::string_view line) noexcept
            static_cast<std::size_t>(std::count_if(line.begin(), line.end(), continuesCharacter));
 }
 
-// One edge of the picture cut into `count` pieces: how much of each old pixel falls into a piece.
+// One edge of the picture cut into `count` pieces: how much of each old pixel falls into a piece,
+// in parts of which an old pixel has `count` and a piece as many as there are old pixels.
 struct Share
 {
     int pixel;
-    double weight;
+    std::uint16_t parts;
 };
 
-std::vector<std::vector<Share>> shares(int old, int count)
+// Of each piece, one after the other.
+struct Shares
 {
-    std::vector<std::vector<Share>> result(static_cast<std::size_t>(count));
-    const double ratio = static_cast<double>(old) / count;
-    for (int i = 0; i < count; ++i) {
-        const double from = i * ratio;
-        const double to = (i + 1) * ratio;
-        const int last = std::min(old - 1, static_cast<int>(std::ceil(to)) - 1);
-        for (int pixel = static_cast<int>(from); pixel <= last; ++pixel) {
-            const double part = std::min<double>(to, pixel + 1) - std::max<double>(from, pixel);
-            if (part > 0) {
-                result[static_cast<std::size_t>(i)].push_back({pixel, part / ratio});
-            }
+    std::vector<Share> all;
+    std::vector<std::size_t> ends;
+
+    std::span<const Share> of(int piece) const
+    {
+        const auto index = static_cast<std::size_t>(piece);
+        const std::size_t begin = index == 0 ? 0 : ends[index - 1];
+        return {all.data() + begin, ends[index] - begin};
+    }
+};
+
+Shares shares(int old, int count)
+{
+    Shares result;
+    result.ends.reserve(static_cast<std::size_t>(count));
+    result.all.reserve(static_cast<std::size_t>(old) + static_cast<std::size_t>(count));
+    for (int piece = 0; piece < count; ++piece) {
+        const int from = piece * old;
+        const int to = from + old;
+        for (int pixel = from / count; pixel * count < to; ++pixel) {
+            const int parts = std::min(to, (pixel + 1) * count) - std::max(from, pixel * count);
+            result.all.push_back({pixel, static_cast<std::uint16_t>(parts)});
         }
+        result.ends.push_back(result.all.size());
     }
     return result;
 }
@@ -236,31 +251,31 @@ std::vector<std::uint8_t> resampled(const DocumentPicture& picture, int columns,
     // Of the picture as it stands: after the turn its rows run along the result's columns.
     const int across = turned ? rows : columns;
     const int down = turned ? columns : rows;
-    const auto horizontal = shares(picture.columns, across);
-    const auto vertical = shares(picture.rows, down);
+    const Shares horizontal = shares(picture.columns, across);
+    const Shares vertical = shares(picture.rows, down);
 
     std::vector<std::uint8_t> result(static_cast<std::size_t>(columns) *
                                      static_cast<std::size_t>(rows));
-    std::vector<double> line(static_cast<std::size_t>(picture.columns));
+    std::vector<std::uint32_t> line(static_cast<std::size_t>(picture.columns));
     for (int y = 0; y < down; ++y) {
         std::fill(line.begin(), line.end(), 0);
-        for (const Share& share : vertical[static_cast<std::size_t>(y)]) {
+        for (const Share& share : vertical.of(y)) {
             const std::uint8_t* const row =
                 picture.ink.data() +
                 static_cast<std::size_t>(share.pixel) * static_cast<std::size_t>(picture.columns);
             for (std::size_t x = 0; x < line.size(); ++x) {
-                line[x] += share.weight * row[x];
+                line[x] += static_cast<std::uint32_t>(share.parts) * row[x];
             }
         }
         for (int x = 0; x < across; ++x) {
-            double sum = 0;
-            for (const Share& share : horizontal[static_cast<std::size_t>(x)]) {
-                sum += share.weight * line[static_cast<std::size_t>(share.pixel)];
+            std::uint64_t sum = 0;
+            for (const Share& share : horizontal.of(x)) {
+                sum += std::uint64_t{share.parts} * line[static_cast<std::size_t>(share.pixel)];
             }
             const auto column = static_cast<std::size_t>(turned ? columns - 1 - y : x);
             const auto row = static_cast<std::size_t>(turned ? x : y);
             result[row * static_cast<std::size_t>(columns) + column] =
-                static_cast<std::uint8_t>(std::clamp(std::lround(sum), 0L, 255L));
+                static_cast<std::uint8_t>((sum + pixels / 2) / pixels);
         }
     }
     return result;

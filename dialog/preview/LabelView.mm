@@ -1,9 +1,11 @@
 #include "dialog/preview/LabelView.h"
 
 #include "dialog/Text.h"
+#include "dialog/preview/InkOnTape.hpp"
 #include "dialog/theme/Drawing.h"
 #include "dialog/theme/TapeTheme.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -22,10 +24,10 @@ NSRect toRect(const dialog::Frame& frame)
     return NSMakeRect(frame.x, frame.y, frame.width, frame.height);
 }
 
-// Ink as black that lets the tape through.  The caller owns it.
-NSBitmapImageRep* newInk(const std::vector<std::uint8_t>& ink, int columns, int rows)
+// Of so many pixels, red, green, blue and 255 each.  The caller owns it.
+NSBitmapImageRep* newPicture(const std::vector<std::uint8_t>& pixels, int columns, int rows)
 {
-    if (ink.empty()) {
+    if (pixels.empty()) {
         return nil;
     }
     NSBitmapImageRep* const image =
@@ -37,12 +39,7 @@ NSBitmapImageRep* newInk(const std::vector<std::uint8_t>& ink, int columns, int 
                                             colorSpaceName:NSCalibratedRGBColorSpace
                                                bytesPerRow:columns * 4
                                               bitsPerPixel:32];
-    unsigned char* const bytes = [image bitmapData];
-    for (std::size_t i = 0; i < ink.size(); ++i) {
-        unsigned char* const pixel = bytes + i * 4;
-        pixel[0] = pixel[1] = pixel[2] = 0;
-        pixel[3] = ink[i];
-    }
+    std::copy(pixels.begin(), pixels.end(), [image bitmapData]);
     return image;
 }
 
@@ -149,14 +146,14 @@ NSBitmapImageRep* newInk(const std::vector<std::uint8_t>& ink, int columns, int 
     if (!document_ || NSIsEmptyRect(toRect(layout_->document))) {
         return;
     }
+    if (document_->kind != dialog::PictureKind::Text) {
+        [self drawInk];
+        return;
+    }
     // A page is white where the tape is: only its edge tells where it lies.
     dialog::strokeInside(dialog::onPixels(toRect(layout_->document), self), 0,
                          dialog::thinLine(self), dialog::Role::TapeBlank);
-    if (document_->kind == dialog::PictureKind::Text) {
-        [self drawText];
-    } else {
-        [self drawInk];
-    }
+    [self drawText];
 }
 
 - (void)drawInk
@@ -171,14 +168,24 @@ NSBitmapImageRep* newInk(const std::vector<std::uint8_t>& ink, int columns, int 
     if (pixels_ == nil || [pixels_ pixelsWide] != columns || [pixels_ pixelsHigh] != rows ||
         pixelsTurned_ != place_.turned) {
         [pixels_ release];
-        pixels_ =
-            newInk(dialog::resampled(*document_, columns, rows, place_.turned), columns, rows);
+        pixels_ = newPicture(
+            dialog::inkOnTape(dialog::resampled(*document_, columns, rows, place_.turned), columns,
+                              rows, dialog::themeValue(dialog::Role::Tape),
+                              dialog::themeValue(dialog::Role::TapeBlank),
+                              static_cast<int>(std::lround(dialog::thinLine(self) * scale))),
+            columns, rows);
         pixelsTurned_ = place_.turned;
     }
+    // The toolkit makes a window for a picture that lets through what is behind it, or that a view
+    // counting from the top wants upright: this one is opaque, and turned here.
+    [NSGraphicsContext saveGraphicsState];
+    NSAffineTransform* const transform = [NSAffineTransform transform];
+    [transform translateXBy:NSMinX(frame) yBy:NSMaxY(frame)];
+    [transform scaleXBy:1 yBy:-1];
+    [transform concat];
     [[NSGraphicsContext currentContext] setImageInterpolation:NSImageInterpolationNone];
-    [pixels_ drawInRect:frame fromRect:NSZeroRect operation:NSCompositeSourceOver fraction:1
-         respectFlipped:YES
-                  hints:nil];
+    [pixels_ drawInRect:NSMakeRect(0, 0, NSWidth(frame), NSHeight(frame))];
+    [NSGraphicsContext restoreGraphicsState];
 }
 
 - (void)drawText

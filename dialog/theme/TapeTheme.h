@@ -17,7 +17,8 @@ namespace dialog {
 // windows.
 void useTheme(Appearance appearance);
 
-// A colour of the look in use (of the light one before useTheme).  Autoreleased.
+// A colour of the look in use (of the light one before useTheme).  The object is autoreleased.
 NSColor* themeColor(Role role);
+Color themeValue(Role role);
 
 } // namespace dialog

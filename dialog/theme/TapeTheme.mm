@@ -395,9 +395,14 @@ void replaceDrawingMethods()
 
 } // namespace
 
+Color themeValue(Role role)
+{
+    return color(role, appearanceInUse);
+}
+
 NSColor* themeColor(Role role)
 {
-    const Color value = color(role, appearanceInUse);
+    const Color value = themeValue(role);
     return [NSColor colorWithCalibratedRed:value.red / 255.0 green:value.green / 255.0
                                       blue:value.blue / 255.0
                                      alpha:1];
