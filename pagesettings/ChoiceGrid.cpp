@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace {
 
@@ -88,6 +89,12 @@ ChoiceGrid layOutChoices(std::int32_t count, float width, float height, std::int
     return grid;
 }
 
+bool meetsWishes(const ChoiceGrid& grid, const ColumnWishes& wishes) noexcept
+{
+    return std::equal(wishes.begin(), wishes.begin() + grid.columns, grid.columnWidth.begin(),
+                      std::less_equal<>());
+}
+
 ChoiceFrame frameOfChoice(const ChoiceGrid& grid, std::int32_t index) noexcept
 {
     if (index < 0 || index >= grid.count)
@@ -155,6 +162,8 @@ std::int32_t choiceAfterMove(const ChoiceGrid& grid, std::int32_t index, ChoiceM
         return kNoChoice;
     if (index < 0 || index >= grid.count)
         return 0;
+    if (move == ChoiceMove::Stay)
+        return index;
     const std::int32_t last = grid.count - 1;
     if (move == ChoiceMove::Left)
         return std::max(0, index - 1);

@@ -52,7 +52,8 @@ enum class ChoiceMove
     Up,
     Down,
     Left,
-    Right
+    Right,
+    Stay
 };
 
 std::int32_t columnsForChoices(std::int32_t count) noexcept;
@@ -62,6 +63,9 @@ std::int32_t columnsForChoices(std::int32_t count) noexcept;
 // their wishes; where the width is too small for all of these, the most demanding columns give way.
 ChoiceGrid layOutChoices(std::int32_t count, float width, float height, std::int32_t firstLine,
                          const ColumnWishes& wishes) noexcept;
+
+// Whether every column is as wide as its titles would like.
+bool meetsWishes(const ChoiceGrid& grid, const ColumnWishes& wishes) noexcept;
 
 // A choice scrolled out of sight has a frame above or below the slot; an index that does not exist
 // has an empty one.
@@ -83,7 +87,7 @@ std::int32_t firstLineShowing(const ChoiceGrid& grid, std::int32_t index) noexce
 
 std::int32_t clampedFirstLine(const ChoiceGrid& grid, std::int32_t firstLine) noexcept;
 
-// The choice that an arrow key leads to: the same one at an edge, the first when there is none yet,
+// The choice that a key leads to: the same one at an edge, the first when there is none yet,
 // kNoChoice in an empty group.  Left and right run on through the lines.
 std::int32_t choiceAfterMove(const ChoiceGrid& grid, std::int32_t index, ChoiceMove move) noexcept;
 

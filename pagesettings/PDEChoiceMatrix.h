@@ -16,16 +16,22 @@
 
 #include "pagesettings/ChoiceGrid.hpp"
 
+#include <array>
+
+// Of a group's titles, 0 where there is none.  A group of more choices is not measured: it scrolls,
+// in even columns.
+using TitleHashes = std::array<NSUInteger, 2 * kMostColumns>;
+
 @interface PDEChoiceMatrix13_v100_ : NSMatrix
 {
     ChoiceGrid mGrid;
-    NSUInteger mGridTitles; // of the titles that the grid was measured for
+    TitleHashes mGridTitles; // that the grid was measured for
     BOOL mGridIsValid;
     BOOL mDisabled;
     BOOL mDrawing;
     BOOL mInToolkit;              // which wants to have single frames drawn again
     BOOL mToolTipsStand;          // for the grid and its first line as they are
-    NSInteger mRowToScroll;       // one more than the row that is still to be scrolled to; 0: none
+    NSInteger mRowToShow;         // one more than the row that is still to be scrolled to; 0: none
     NSScroller* mScroller;        // a subview; nil as long as everything fits
     NSMutableArray* mToolTipTags; // of the choices in sight; nil before the first drawing
 }

@@ -5,8 +5,6 @@
 
 namespace {
 
-// Above that the titles are not measured; such a group scrolls, in even columns.
-constexpr NSInteger kMostMeasured = 2 * kMostColumns;
 constexpr CGFloat kFontSize = 12;
 constexpr CGFloat kTightFontSize = 11;
 constexpr NSToolTipTag kNoToolTip = -1;
@@ -22,13 +20,27 @@ float widthOf(NSCell* cell)
     return static_cast<float>([cell cellSize].width) + 1;
 }
 
+// Sets a flag while it lives.
+class Raised
+{
+  public:
+    explicit Raised(BOOL& flag) : flag_(flag), before_(flag) { flag_ = YES; }
+    ~Raised() { flag_ = before_; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+
+  private:
+    BOOL& flag_;
+    BOOL before_;
+};
+
 } // namespace
 
 @interface PDEChoiceMatrix13_v100_ (Picture)
 - (void)takeToolTipsAway;
-- (NSUInteger)titles;
+- (TitleHashes)titles;
 - (const ChoiceGrid&)grid;
-- (int32_t)takeRowToScroll;
+- (void)showRow:(NSInteger)row;
 - (void)measure;
 - (void)placeScroller;
 - (void)placeToolTips;
@@ -57,46 +69,35 @@ float widthOf(NSCell* cell)
     [self enableCells];
     [self forgetPicture];
     // A cell taken out of use keeps its mark, and would show it when it comes back.
-    for (NSInteger row = 0; row < rows; ++row)
-        [[self cellAtRow:row column:0] setState:NSOffState];
-    if (rows > 0 && columns > 0)
-        [self selectCellAtRow:(selected >= 0 && selected < rows ? selected : 0) column:0];
+    for (NSCell* cell in [self cells])
+        [cell setState:NSOffState];
+    [self selectCellAtRow:(selected < rows ? std::max<NSInteger>(selected, 0) : 0) column:0];
 }
 
 - (void)putCell:(NSCell*)cell atRow:(NSInteger)row column:(NSInteger)column
 {
-    mInToolkit = YES;
+    const Raised inToolkit(mInToolkit);
     [super putCell:cell atRow:row column:column];
-    mInToolkit = NO;
     [self setNeedsDisplay:YES];
 }
 
 - (void)selectCellAtRow:(NSInteger)row column:(NSInteger)column
 {
-    mInToolkit = YES;
+    const Raised inToolkit(mInToolkit);
     [super selectCellAtRow:row column:column];
-    mInToolkit = NO;
-    [self scrollCellToVisibleAtRow:row column:column];
-    [self setNeedsDisplay:YES];
+    [self showRow:row];
 }
 
 - (void)selectCell:(NSCell*)cell
 {
-    mInToolkit = YES;
+    const Raised inToolkit(mInToolkit);
     [super selectCell:cell];
-    mInToolkit = NO;
-    [self scrollCellToVisibleAtRow:[self selectedRow] column:0];
-    [self setNeedsDisplay:YES];
+    [self showRow:[self selectedRow]];
 }
 
-// Done when somebody asks where the choices stand: a group that is being filled is selected in
-// several times before it has its titles, and to measure them is most of what it costs.
 - (void)scrollCellToVisibleAtRow:(NSInteger)row column:(NSInteger)column
 {
-    if (row < 0 || row >= [self numberOfRows])
-        return;
-    mRowToScroll = row + 1;
-    [self setNeedsDisplay:YES];
+    [self showRow:row];
 }
 
 // MARK: Enabled
@@ -147,10 +148,9 @@ float widthOf(NSCell* cell)
     // All of them will be drawn again.
     if (mInToolkit)
         return NSZeroRect;
-    const ChoiceGrid& grid = [self grid];
-    if (column != 0 || row < 0 || row >= grid.count)
+    if (column != 0)
         return NSZeroRect;
-    return rectOf(frameOfChoice(grid, static_cast<int32_t>(row)));
+    return rectOf(frameOfChoice([self grid], static_cast<int32_t>(row)));
 }
 
 - (BOOL)getRow:(NSInteger*)row column:(NSInteger*)column forPoint:(NSPoint)point
@@ -171,13 +171,12 @@ float widthOf(NSCell* cell)
 
 - (void)drawRect:(NSRect)rect
 {
-    mDrawing = YES;
+    const Raised drawing(mDrawing);
     [self grid];
     [self placeToolTips];
     const int32_t end = endOfVisibleChoices(mGrid);
     for (int32_t row = firstVisibleChoice(mGrid); row < end; ++row)
         [self drawCellAtRow:row column:0];
-    mDrawing = NO;
 }
 
 - (void)drawCellAtRow:(NSInteger)row column:(NSInteger)column
@@ -211,9 +210,7 @@ float widthOf(NSCell* cell)
 - (void)mouseDown:(NSEvent*)event
 {
     const NSPoint point = [self convertPoint:[event locationInWindow] fromView:nil];
-    NSInteger row = -1;
-    NSInteger column = -1;
-    if (![self isEnabled] || ![self getRow:&row column:&column forPoint:point])
+    if (![self isEnabled] || ![self getRow:NULL column:NULL forPoint:point])
         return;
     [super mouseDown:event];
     [self setNeedsDisplay:YES];
@@ -222,8 +219,11 @@ float widthOf(NSCell* cell)
 - (void)scrollWheel:(NSEvent*)event
 {
     const ChoiceGrid& grid = [self grid];
-    if (grid.scrolls && [event deltaY] != 0)
-        [self scrollToLine:grid.firstLine + ([event deltaY] > 0 ? -1 : 1)];
+    const CGFloat upwards = [event deltaY];
+    if (grid.scrolls && upwards > 0)
+        [self scrollToLine:grid.firstLine - 1];
+    else if (grid.scrolls && upwards < 0)
+        [self scrollToLine:grid.firstLine + 1];
     else
         [super scrollWheel:event];
 }
@@ -254,17 +254,16 @@ float widthOf(NSCell* cell)
         next = choiceAfterMove(grid, selected, ChoiceMove::Right);
         break;
     case ' ':
-        // The chosen one stays chosen; with none, the first.
-        next = selected < 0 ? choiceAfterMove(grid, kNoChoice, ChoiceMove::Right) : selected;
+        next = choiceAfterMove(grid, selected, ChoiceMove::Stay);
         break;
     default:
         [super keyDown:event];
         return;
     }
-    if (![self isEnabled] || next == kNoChoice)
+    if (![self isEnabled])
         return;
     if (next == selected) {
-        [self scrollCellToVisibleAtRow:next column:0];
+        [self showRow:next];
         return;
     }
     [self selectCellAtRow:next column:0];
@@ -295,34 +294,35 @@ float widthOf(NSCell* cell)
 @implementation PDEChoiceMatrix13_v100_ (Picture)
 
 // Titles are set cell by cell, of which the matrix hears nothing.
-- (NSUInteger)titles
+- (TitleHashes)titles
 {
-    NSUInteger titles = 0;
-    const NSInteger measured = std::min([self numberOfRows], kMostMeasured);
-    for (NSInteger row = 0; row < measured; ++row)
-        titles = titles * 31 + [[[self cellAtRow:row column:0] title] hash];
+    TitleHashes titles{};
+    NSInteger row = 0;
+    for (NSUInteger& title : titles)
+        title = [[[self cellAtRow:row++ column:0] title] hash];
     return titles;
 }
 
 - (const ChoiceGrid&)grid
 {
     [self measure];
-    if (const int32_t row = [self takeRowToScroll]; row >= 0)
-        [self scrollToLine:firstLineShowing(mGrid, row)];
+    const auto row = static_cast<int32_t>(mRowToShow - 1);
+    mRowToShow = 0;
+    [self scrollToLine:firstLineShowing(mGrid, row)];
     return mGrid;
 }
 
-// -1: none.
-- (int32_t)takeRowToScroll
+// Done when somebody asks where the choices stand: a group that is being filled is selected in
+// several times before it has its titles, and to measure them is most of what it costs.
+- (void)showRow:(NSInteger)row
 {
-    const auto row = static_cast<int32_t>(mRowToScroll - 1);
-    mRowToScroll = 0;
-    return row < mGrid.count ? row : -1;
+    mRowToShow = row + 1;
+    [self setNeedsDisplay:YES];
 }
 
 - (void)measure
 {
-    const NSUInteger titles = [self titles];
+    const TitleHashes titles = [self titles];
     if (mGridIsValid && mGridTitles == titles)
         return;
     mGridIsValid = YES;
@@ -333,36 +333,28 @@ float widthOf(NSCell* cell)
     const auto height = static_cast<float>(size.height);
     const auto count = static_cast<int32_t>(
         std::min<NSInteger>([self numberOfRows], std::numeric_limits<int32_t>::max()));
-    const bool measured = count <= kMostMeasured;
+    const bool measured = count <= static_cast<int32_t>(titles.size());
 
     // The smaller font only where the usual one does not fit.
     for (const CGFloat points : {kFontSize, kTightFontSize}) {
         if (!measured && points == kFontSize)
             continue;
         NSFont* const font = [NSFont systemFontOfSize:points];
-        for (int32_t row = 0; row < count; ++row) {
-            NSCell* const cell = [self cellAtRow:row column:0];
+        ColumnWishes wishes{};
+        int32_t row = 0;
+        for (NSCell* cell in [self cells]) {
             if (![[cell font] isEqual:font])
                 [cell setFont:font];
             if ([cell lineBreakMode] != NSLineBreakByTruncatingTail)
                 [cell setLineBreakMode:NSLineBreakByTruncatingTail];
-        }
-        ColumnWishes wishes{};
-        if (measured) {
-            for (int32_t row = 0; row < count; ++row) {
-                float& wish = wishes[row % columnsForChoices(count)];
-                wish = std::max(wish, widthOf([self cellAtRow:row column:0]));
-            }
+            float& wish = wishes[row++ % columnsForChoices(count)];
+            if (measured)
+                wish = std::max(wish, widthOf(cell));
         }
         mGrid = layOutChoices(count, width, height, mGrid.firstLine, wishes);
-        bool fits = measured;
-        for (int32_t column = 0; column < mGrid.columns; ++column)
-            fits = fits && wishes[column] <= mGrid.columnWidth[column];
-        if (fits)
+        if (meetsWishes(mGrid, wishes))
             break;
     }
-    if (const int32_t row = [self takeRowToScroll]; row >= 0)
-        mGrid.firstLine = clampedFirstLine(mGrid, firstLineShowing(mGrid, row));
     [self placeScroller];
     mToolTipsStand = NO;
 }
@@ -437,14 +429,12 @@ float widthOf(NSCell* cell)
                point:(NSPoint)point
             userData:(void*)data
 {
-    NSInteger row = -1;
-    NSInteger column = -1;
-    if (![self getRow:&row column:&column forPoint:point])
+    NSInteger row = kNoChoice;
+    if (![self getRow:&row column:NULL forPoint:point])
         return nil;
     // A choice that does not fit tells its whole title.
-    NSCell* const cell = [self cellAtRow:row column:column];
-    const ChoiceFrame frame = frameOfChoice(mGrid, static_cast<int32_t>(row));
-    return widthOf(cell) > frame.width ? [cell title] : nil;
+    NSCell* const cell = [self cellAtRow:row column:0];
+    return widthOf(cell) > NSWidth([self cellFrameAtRow:row column:0]) ? [cell title] : nil;
 }
 
 - (void)scrollToLine:(int32_t)line
@@ -467,12 +457,8 @@ float widthOf(NSCell* cell)
 
 - (void)enableCells
 {
-    const NSInteger rows = [self numberOfRows];
-    const NSInteger columns = [self numberOfColumns];
-    for (NSInteger row = 0; row < rows; ++row) {
-        for (NSInteger column = 0; column < columns; ++column)
-            [[self cellAtRow:row column:column] setEnabled:!mDisabled];
-    }
+    for (NSCell* cell in [self cells])
+        [cell setEnabled:!mDisabled];
 }
 
 @end

@@ -118,6 +118,17 @@ TEST(ChoiceGrid, KeepsEvenColumnsWhereEveryTitleFits)
     EXPECT_EQ(gridOf(5, 0, {114, 20, 113}).columnWidth, (ColumnWishes{114, 114, 114}));
 }
 
+TEST(ChoiceGrid, MeetsTheWishesOfItsOwnColumnsAlone)
+{
+    // Two columns of 173; the third wish is nobody's.
+    EXPECT_TRUE(meetsWishes(gridOf(4), {173, 173, 999}));
+    EXPECT_FALSE(meetsWishes(gridOf(4), {173.5f, 0, 0}));
+    EXPECT_FALSE(meetsWishes(gridOf(4), {0, 173.5f, 0}));
+    EXPECT_FALSE(meetsWishes(gridOf(5), {0, 0, 114.5f}));
+    EXPECT_TRUE(meetsWishes(gridOf(12), {}));
+    EXPECT_TRUE(meetsWishes(gridOf(0), {}));
+}
+
 TEST(ChoiceGrid, ShowsOneLineInASlotThatIsTooLow)
 {
     for (const float height : {19.0f, 0.0f, -5.0f}) {
@@ -236,6 +247,15 @@ TEST(ChoiceAfterMove, StartsAtTheFirstChoiceWhenNoneIsChosen)
     EXPECT_EQ(choiceAfterMove(gridOf(5), -1, ChoiceMove::Down), 0);
     EXPECT_EQ(choiceAfterMove(gridOf(5), 5, ChoiceMove::Left), 0);
     EXPECT_EQ(choiceAfterMove(gridOf(5), 7, ChoiceMove::Left), 0);
+}
+
+TEST(ChoiceAfterMove, StaysWhereItIsOnceAChoiceIsMade)
+{
+    const ChoiceGrid grid = gridOf(5);
+    for (std::int32_t index = 0; index < 5; ++index)
+        EXPECT_EQ(choiceAfterMove(grid, index, ChoiceMove::Stay), index);
+    EXPECT_EQ(choiceAfterMove(grid, kNoChoice, ChoiceMove::Stay), 0);
+    EXPECT_EQ(choiceAfterMove(grid, 5, ChoiceMove::Stay), 0);
 }
 
 TEST(ChoiceAfterMove, LeadsNowhereInAnEmptyGroup)
