@@ -7,8 +7,8 @@
 
 static NSString* const kPrintDialogType = @"BDB091F4-E57F-11D3-B5CC-0050E4603277";
 
-static BOOL tested = NO;
-static BOOL leopardOrLater = NO;
+static BOOL tested;
+static BOOL leopardOrLater;
 
 @implementation VNKMZRPageSettings13PlugIn13_v100_
 

@@ -23,10 +23,11 @@ using textentry::WholeNumberReader;
 
 NSString* const kObjectPlaceholder = @"%@";
 
-// Hands the range's characters to `take` until it answers false.  Field texts are short: they are
-// read through a small buffer, a part at a time, so that a key costs no allocation.
+// Hands the range's characters to `take` until it answers false, and answers whether it never did.
+// Field texts are short: they are read through a small buffer, a part at a time, so that a key
+// costs no allocation.
 template <class Take>
-void forEachCharacter(NSString* string, TextRange range, Take take)
+bool takesEveryCharacter(NSString* string, TextRange range, Take take)
 {
     constexpr std::size_t kPart = 64;
     unichar buffer[kPart];
@@ -36,27 +37,23 @@ void forEachCharacter(NSString* string, TextRange range, Take take)
         [string getCharacters:buffer range:NSMakeRange(start, length)];
         for (std::size_t i = 0; i < length; ++i) {
             if (!take(static_cast<char16_t>(buffer[i])))
-                return;
+                return false;
         }
     }
+    return true;
 }
 
 bool isASCII(NSString* string, TextRange range)
 {
-    bool result = true;
-    forEachCharacter(string, range, [&](char16_t character) {
-        result = character < 128;
-        return result;
-    });
-    return result;
+    return takesEveryCharacter(string, range, [](char16_t character) { return character < 128; });
 }
 
 // As the original toolkit's intValue, which keeps a number beyond 32 bits at the limit.
 int32_t wholeNumber(NSString* string)
 {
     WholeNumberReader reader;
-    forEachCharacter(string, TextRange{0, [string length]},
-                     [&](char16_t character) { return reader.take(character); });
+    takesEveryCharacter(string, TextRange{0, [string length]},
+                        [&](char16_t character) { return reader.take(character); });
     return reader.value();
 }
 
@@ -65,13 +62,6 @@ int32_t wholeNumberOfObject(id object)
     if ([object isKindOfClass:[NSString class]])
         return wholeNumber(object);
     return [object respondsToSelector:@selector(intValue)] ? [object intValue] : 0;
-}
-
-// Encodings in which an ASCII character is one byte.
-bool keepsASCII(NSStringEncoding encoding)
-{
-    return encoding == NSUTF8StringEncoding || encoding == NSASCIIStringEncoding ||
-           encoding == NSMacOSRomanStringEncoding || encoding == NSISOLatin1StringEncoding;
 }
 
 // For the roads on which the toolkit makes objects; an ordinary key takes none of them.
@@ -89,31 +79,24 @@ class Pool
 
 bool holdsPoint(NSString* string, TextRange range)
 {
-    bool found = false;
-    forEachCharacter(string, range, [&](char16_t character) {
-        found = character == u'.';
-        return !found;
-    });
-    return found;
+    return !takesEveryCharacter(string, range,
+                                [](char16_t character) { return character != u'.'; });
 }
 
 // In the system encoding; the number of characters when the text has none there.
 int64_t byteCount(NSString* string)
 {
-    const NSUInteger length = [string length];
-    const NSStringEncoding encoding = ppd::systemEncoding();
-    if (keepsASCII(encoding) && isASCII(string, TextRange{0, length}))
-        return static_cast<int64_t>(length);
     const Pool pool;
-    if (![string canBeConvertedToEncoding:encoding])
-        return static_cast<int64_t>(length);
-    return static_cast<int64_t>([string lengthOfBytesUsingEncoding:encoding]);
+    const NSStringEncoding encoding = ppd::systemEncoding();
+    return static_cast<int64_t>([string canBeConvertedToEncoding:encoding]
+                                    ? [string lengthOfBytesUsingEncoding:encoding]
+                                    : [string length]);
 }
 
 FormatScan scanned(NSString* format)
 {
     FormatScan scan;
-    forEachCharacter(format, TextRange{0, [format length]}, [&](char16_t character) {
+    takesEveryCharacter(format, TextRange{0, [format length]}, [&](char16_t character) {
         scan.take(character);
         return true;
     });
@@ -301,7 +284,7 @@ NSString* notificationName(Refusal refusal)
             holdsPoint(text, *inserted) && holdsPoint(original, TextRange{0, [original length]});
 
     KeystrokeCheck check(rules, facts);
-    forEachCharacter(text, *inserted, [&](char16_t character) {
+    takesEveryCharacter(text, *inserted, [&](char16_t character) {
         check.take(character);
         return true;
     });

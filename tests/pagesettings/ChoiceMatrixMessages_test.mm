@@ -1,13 +1,10 @@
 // The radio groups by the messages that the toolkit sends them: what they draw, measure and mark
 // for drawing.  No event comes from the display server, and nothing waits for one.
-#include "support/PanelTest.hpp"
+#include "support/LivingObjects.hpp"
 
 #include <objc/runtime.h>
 
 #include <memory>
-
-extern "C" BOOL GSDebugAllocationActive(BOOL active);
-extern "C" int GSDebugAllocationCount(Class counted);
 
 // What the toolkit and the group itself are asked for, as far as tests use it.
 @protocol ChoiceMessages
@@ -874,15 +871,6 @@ TEST_F(ChoiceMessagesTest, TakesTheFocusWhileThereIsAnythingToChoose)
 
 TEST_F(ChoiceMessagesTest, LeavesNothingBehindWhenItGoes)
 {
-    GSDebugAllocationActive(YES);
-    const char* const classes[] = {"PDEChoiceMatrix13_v100_", "NSScroller", "GSMutableArray",
-                                   "GSTTProvider", "GSTrackingRect"};
-    const auto alive = [&] {
-        std::vector<int> counts;
-        for (const char* const name : classes)
-            counts.push_back(GSDebugAllocationCount(objc_getClass(name)));
-        return counts;
-    };
     const auto live = [&] {
         const ScopedPool pool;
         NSMatrix* const group =
@@ -895,11 +883,11 @@ TEST_F(ChoiceMessagesTest, LeavesNothingBehindWhenItGoes)
         [group release];
     };
     live(); // the toolkit keeps some for good
-    const auto before = alive();
+    const LivingObjects objects({"PDEChoiceMatrix13_v100_", "NSScroller", "GSMutableArray",
+                                 "GSTTProvider", "GSTrackingRect"});
     for (int i = 0; i < 3; ++i)
         live();
-    EXPECT_EQ(alive(), before);
-    GSDebugAllocationActive(NO);
+    EXPECT_EQ(objects.added(), Texts{});
 }
 
 TEST_F(ChoiceMessagesTest, IsNotToldByAScrollerThatOutlivesIt)

@@ -375,6 +375,32 @@ TEST_F(FaultsTest, OfTheDialogItselfNeitherTakeThePanelDownNorComeBackToTheDialo
     }
 }
 
+Texts logLines;
+
+static void keepLogLine(NSString* line)
+{
+    const std::string text = textOf(line);
+    logLines.push_back(text.substr(text.find("] ") + 2)); // without date, time, program
+}
+
+TEST_F(FaultsTest, OfTheDialogAreLoggedByKindAndReason)
+{
+    const auto logOf = [](Fault fault) {
+        logLines.clear();
+        hostCalls = {.fault = fault, .at = 0};
+        NSLog_printf_handler* const before = _NSLog_printf_handler;
+        _NSLog_printf_handler = keepLogLine;
+        runSession();
+        _NSLog_printf_handler = before;
+        return logLines;
+    };
+    EXPECT_EQ(logOf(Fault::Raise),
+              Texts{"The print dialog raised NSException: printSession fails\n"});
+    EXPECT_EQ(logOf(Fault::RaiseObject),
+              Texts{"The print dialog raised " + textOf(NSStringFromClass([@"" class])) + ": \n"});
+    EXPECT_EQ(logOf(Fault::Nothing), Texts{});
+}
+
 TEST_F(FaultsTest, OfThePrintSystemLeaveThePanelAtWork)
 {
     for (const bool namesPaper : {true, false}) {

@@ -10,6 +10,7 @@
 #include <objc/runtime.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 
 static std::string queries;
@@ -36,9 +37,12 @@ static bool keptBundle(id plugin)
 int main()
 {
     NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
-    NSBundle* bundle = [NSBundle bundleWithPath:@PLUGIN_PATH];
+    const char* const elsewhere =
+        std::getenv("PLUGIN_UNDER_TEST"); // as support/PanelTest.hpp has it
+    const char* const path = elsewhere != nullptr ? elsewhere : PLUGIN_PATH;
+    NSBundle* bundle = [NSBundle bundleWithPath:[NSString stringWithUTF8String:path]];
     if (![bundle load]) {
-        std::fprintf(stderr, "The bundle at %s cannot be loaded.\n", PLUGIN_PATH);
+        std::fprintf(stderr, "The bundle at %s cannot be loaded.\n", path);
         return 1;
     }
     id first = [[bundle principalClass] alloc];

@@ -1,3 +1,4 @@
+#include "support/LivingObjects.hpp"
 #include "support/PanelTestPrinting.hpp"
 
 #include <array>
@@ -171,8 +172,22 @@ static id refuseToInitialise(id self, SEL, id, id)
     return nil;
 }
 
+TEST_F(PlugInTest, LeavesNothingBehindWhenItGoes)
+{
+    const LivingObjects objects({"VNKMZRPageSettings13PlugIn13_v100_", "GSMutableArray"});
+    {
+        const ScopedPool pool;
+        id other = [[pluginBundle() principalClass] alloc];
+        ASSERT_TRUE([(id<PlugInUnderTest>)other initWithBundle:pluginBundle()]);
+        [(id<PlugInUnderTest>)other PDEPanelsForType:@"" withHostInfo:dialog_.callback()];
+        [other release];
+    }
+    EXPECT_EQ(objects.added(), Texts{});
+}
+
 TEST_F(PlugInTest, GivesNothingWhenThePanelCannotBeMade)
 {
+    const LivingObjects objects({"GSMutableArray"});
     Method method = class_getInstanceMethod(classNamed("PageSettingPDE13_v100_"),
                                             @selector(initWithCallback:andBundle:));
     ASSERT_NE(method, nullptr);
@@ -181,6 +196,7 @@ TEST_F(PlugInTest, GivesNothingWhenThePanelCannotBeMade)
     method_setImplementation(method, real);
     EXPECT_EQ(panels, nil);
     EXPECT_EQ(ivarOf<id>(plugin_, "pdes"), nil);
+    EXPECT_EQ(objects.added(), Texts{});
 }
 
 TEST_F(PlugInTest, MakesAPanelEvenWithoutACallback)

@@ -1,5 +1,6 @@
 // The formatter out of the loaded bundle: construction, accessors, texts, keystrokes.
 
+#include "support/LivingObjects.hpp"
 #include "textentry/FormatterTest.hpp"
 
 #include <objc/runtime.h>
@@ -196,6 +197,52 @@ TEST(Formatter, RetainsItsObjectsAndLetsThemGo)
     [locale release];
 }
 
+// A toolkit that cannot make its part of a formatter.
+static bool makesFormatters = true;
+
+static id initOrRefuse(id self, SEL selector)
+{
+    if (makesFormatters) {
+        IMP const real = class_getMethodImplementation([NSObject class], selector);
+        return reinterpret_cast<id (*)(id, SEL)>(real)(self, selector);
+    }
+    [self release];
+    return nil;
+}
+
+TEST(Formatter, IsNotMadeWithoutTheToolkitsPart)
+{
+    ASSERT_TRUE(class_addMethod([NSFormatter class], @selector(init),
+                                reinterpret_cast<IMP>(initOrRefuse), "@@:"));
+    makesFormatters = false;
+    EXPECT_EQ([allocated() init], nil);
+    EXPECT_EQ([allocated() initWithStyle:4], nil);
+    EXPECT_EQ([allocated() initWithFormatString:@"%@" withStyle:2], nil);
+    EXPECT_EQ([allocated() initWithCalendarDate:aDate() locale:nil], nil);
+    makesFormatters = true;
+    EXPECT_EQ([formatterWithStyle(4) textStyle], 4);
+}
+
+TEST(Formatter, LeavesNothingBehindWhenItGoes)
+{
+    NSMutableString* const format = [NSMutableString stringWithString:@"a format of its own %@"];
+    NSString* kept = nil;
+    const LivingObjects objects({"PDEFormatter", "GSMutableArray"});
+    {
+        const ScopedPool pool;
+        PDEFormatter* const formatter = [allocated() initWithFormatString:format];
+        [formatter addInvalidCharacter:@"x"];
+        kept = [ivarOf<NSString*>(formatter, "mFormatString") retain];
+        PDEFormatter* const copy = [formatter copy];
+        [copy setFormatString:@"%d"];
+        [copy release];
+        [formatter release];
+    }
+    EXPECT_EQ(objects.added(), Texts{});
+    EXPECT_EQ([kept retainCount], 1u);
+    [kept release];
+}
+
 TEST(Formatter, IsCopiedWithAllItHolds)
 {
     PDEFormatter* formatter = formatterWithStyle(4);
@@ -207,8 +254,15 @@ TEST(Formatter, IsCopiedWithAllItHolds)
     [formatter setNotificationObject:object];
     const NSUInteger held = [object retainCount];
     [formatter addInvalidCharacter:@"7"];
-    [formatter setCalendarDate:aDate()];
+    NSCalendarDate* const date = aDate();
+    [formatter setCalendarDate:date];
+    id locale = [NSMutableDictionary dictionary];
+    [formatter setCalendarLocale:locale];
+    const NSUInteger counts[] = {[date retainCount], [locale retainCount]};
     PDEFormatter* copy = [formatter copy];
+    EXPECT_EQ([copy calendarLocale], locale);
+    EXPECT_EQ([date retainCount], counts[0] + 1);
+    EXPECT_EQ([locale retainCount], counts[1] + 1);
     [formatter removeInvalidCharacter:@"7"];
     EXPECT_EQ([copy textStyle], 4);
     EXPECT_EQ(textOf([copy formatString]), "%@ mm");
@@ -220,8 +274,10 @@ TEST(Formatter, IsCopiedWithAllItHolds)
     EXPECT_EQ([copy notificationObject], object);
     EXPECT_EQ([object retainCount], held + 1);
     EXPECT_TRUE([copy isInvalidCharacter:@"7"]);
-    EXPECT_TRUE([[copy calendarDate] isEqual:aDate()]);
+    EXPECT_EQ([copy calendarDate], date);
     [copy release];
+    EXPECT_EQ([date retainCount], counts[0]);
+    EXPECT_EQ([locale retainCount], counts[1]);
     EXPECT_EQ([formatter notificationObject], object);
     EXPECT_EQ([object retainCount], held);
 }
@@ -479,6 +535,21 @@ TEST(Keystroke, ALetterOutsideASCIIIsRefusedInStyleOneAndAcceptedInStyleZero)
     // In Mac OS Roman, but not in ASCII: no character is named.
     PDEFormatter* formatter = formatterWithStyle(1);
     expectRefused(typeInto(formatter, @"a", @"\u00e9"), kInvalid, formatter);
+}
+
+TEST(Keystroke, ASCIIEndsBeforeTheFirstOfTheOtherControlCharacters)
+{
+    expectAccepted(typeInto(formatterWithStyle(1), @"a", stringOf(u"\x7f")));
+    NSString* const beyond = stringOf(std::u16string(1, char16_t{0x80}));
+    expectRefused(typeInto(formatterWithStyle(1), @"a", beyond), kInvalid, beyond);
+}
+
+TEST(Keystroke, KeepsNothingOfARefusalAlive)
+{
+    const KeyAnswer answer = typeInto(formatterWithStyle(1), @"", @"\u3042");
+    ASSERT_EQ(answer.posted.size(), 1u);
+    id const letter = answer.posted[0].object;
+    EXPECT_EQ([letter retainCount], 1u); // this test's
 }
 
 TEST(Keystroke, AListedTextIsRefusedAloneButNotAsPartOfAPaste)
