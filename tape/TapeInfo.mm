@@ -35,10 +35,47 @@ static std::int32_t stateOfPageSize(const ppd_file_t* ppd, const char* name, std
     return listed ? state : tape::kContinuousTape;
 }
 
+static CFStringRef copyPaperNameInTicket(CFDataRef ticket)
+{
+    CFPropertyListRef list = CFPropertyListCreateFromXMLData(kCFAllocatorDefault, ticket,
+                                                             kCFPropertyListImmutable, nullptr);
+    if (!list)
+        return nullptr;
+    CFStringRef copy = nullptr;
+    if (CFGetTypeID(list) == CFDictionaryGetTypeID()) {
+        const void* name =
+            CFDictionaryGetValue(static_cast<CFDictionaryRef>(list), CFSTR("KmPaperName2"));
+        if (name && CFGetTypeID(name) == CFStringGetTypeID())
+            copy = CFStringCreateCopy(kCFAllocatorDefault, static_cast<CFStringRef>(name));
+    }
+    CFRelease(list);
+    return copy;
+}
+
+static CFStringRef copyPaperNameOfTicketIn(PMPrintSettings settings)
+{
+    CFTypeRef ticket = nullptr;
+    if (!settings ||
+        PMPrintSettingsGetValue(settings, CFSTR(kPrintSettingsTicketKey), &ticket) != 0 ||
+        !ticket || CFGetTypeID(ticket) != CFDataGetTypeID())
+        return nullptr;
+    // The settings may drop the value while it is read.
+    CFRetain(ticket);
+    CFStringRef copy = copyPaperNameInTicket(static_cast<CFDataRef>(ticket));
+    CFRelease(ticket);
+    return copy;
+}
+
+OSStatus GetTapeInfo2(std::intptr_t, PMPrintSettings settings, TapeInfo* info)
+{
+    info->paperName = copyPaperNameOfTicketIn(settings);
+    return 0;
+}
+
 OSStatus GetTapeInfo(PMPrintSession, PMPrintSettings settings, PMPageFormat pageFormat,
                      ppd_file_t* ppd, TapeInfo* info)
 {
-    std::size_t place = 0;
+    std::size_t place{};
     return tapeInfo(settings, pageFormat, ppd, info, place);
 }
 
@@ -58,13 +95,13 @@ OSStatus tapeInfo(PMPrintSettings settings, PMPageFormat pageFormat, const ppd_f
     CFStringRef paperName = nullptr;
     if (PMPaperGetPPDPaperName(paper, &paperName) == 0 && paperName) {
         if (!CFStringGetCString(paperName, name, sizeof name, kCFStringEncodingUTF8))
-            name[0] = '\0';
+            *name = '\0';
         info->paperName = CFStringCreateCopy(kCFAllocatorDefault, paperName);
     } else {
-        GetTapeInfo2(0, settings, info);
+        info->paperName = copyPaperNameOfTicketIn(settings);
     }
 
-    double height = 0;
+    double height{};
     status = PMPaperGetHeight(paper, &height);
     if (status != 0)
         return status;
@@ -73,49 +110,14 @@ OSStatus tapeInfo(PMPrintSettings settings, PMPageFormat pageFormat, const ppd_f
     info->length = tape::millimetresFromPoints(height);
 
     // The ticket is only a stand-in for the name: a name from there never locks the length.
-    if (name[0] != '\0')
-        info->state = stateOfPageSize(ppd, name, sizePlace);
-    return 0;
-}
-
-static CFStringRef copyPaperNameInTicket(CFDataRef ticket)
-{
-    CFPropertyListRef list = CFPropertyListCreateFromXMLData(kCFAllocatorDefault, ticket,
-                                                             kCFPropertyListImmutable, nullptr);
-    if (!list)
-        return nullptr;
-    CFStringRef copy = nullptr;
-    if (CFGetTypeID(list) == CFDictionaryGetTypeID()) {
-        const void* name =
-            CFDictionaryGetValue(static_cast<CFDictionaryRef>(list), CFSTR("KmPaperName2"));
-        if (name && CFGetTypeID(name) == CFStringGetTypeID())
-            copy = CFStringCreateCopy(kCFAllocatorDefault, static_cast<CFStringRef>(name));
-    }
-    CFRelease(list);
-    return copy;
-}
-
-OSStatus GetTapeInfo2(std::intptr_t, PMPrintSettings settings, TapeInfo* info)
-{
-    info->paperName = nullptr;
-    if (!settings)
-        return 0;
-    CFTypeRef ticket = nullptr;
-    if (PMPrintSettingsGetValue(settings, CFSTR(kPrintSettingsTicketKey), &ticket) != 0 || !ticket)
-        return 0;
-    if (CFGetTypeID(ticket) != CFDataGetTypeID())
-        return 0;
-    // The settings may drop the value while it is read.
-    CFRetain(ticket);
-    info->paperName = copyPaperNameInTicket(static_cast<CFDataRef>(ticket));
-    CFRelease(ticket);
+    info->state = stateOfPageSize(ppd, name, sizePlace);
     return 0;
 }
 
 OSStatus GetTapeInfo3(PMPrintSettings settings, PageRange* range)
 {
     *range = {0, 0};
-    UInt32 page = 0;
+    UInt32 page{};
     if (PMGetFirstPage(settings, &page) == 0) {
         PMSetFirstPage(settings, page, false);
         range->firstPage = page;

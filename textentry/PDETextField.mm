@@ -75,11 +75,8 @@ class InsideToolkit
 
 - (BOOL)becomeFirstResponder
 {
-    BOOL result = NO;
-    {
-        const InsideToolkit inside(self);
-        result = [super becomeFirstResponder];
-    }
+    const InsideToolkit inside(self);
+    const BOOL result = [super becomeFirstResponder];
     if (result)
         [self sendFirstResponderNotification:YES];
     return result;

@@ -16,6 +16,9 @@ class PrintingCalls
     // From now on the call answers the status and nothing else.
     static void fail(const std::string& call, OSStatus status);
 
+    // From now on the call answers as ever, but with this status.
+    static void failAfterAnswering(const std::string& call, OSStatus status);
+
     // From now on the call succeeds and answers null.
     static void answerNull(const std::string& call);
 

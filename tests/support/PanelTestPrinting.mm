@@ -10,6 +10,7 @@ struct State
 {
     Texts record;
     std::map<std::string, OSStatus> failing;
+    std::map<std::string, OSStatus> failingLate;
     std::map<std::string, bool> answeringNull;
     bool (*fails)(const char* call, void* caller) = nullptr;
 };
@@ -55,7 +56,9 @@ OSStatus ask(void* caller, Function function, const char* name, Object object, A
             *answer = Answer{};
         return status;
     }
-    return next(function, name)(object, key..., answer);
+    status = next(function, name)(object, key..., answer);
+    const auto failing = state().failingLate.find(name);
+    return failing != state().failingLate.end() ? failing->second : status;
 }
 
 OSStatus setPage(void* caller, OSStatus (*function)(PMPrintSettings, UInt32, Boolean),
@@ -74,6 +77,11 @@ OSStatus setPage(void* caller, OSStatus (*function)(PMPrintSettings, UInt32, Boo
 void PrintingCalls::fail(const std::string& call, OSStatus status)
 {
     state().failing[call] = status;
+}
+
+void PrintingCalls::failAfterAnswering(const std::string& call, OSStatus status)
+{
+    state().failingLate[call] = status;
 }
 
 void PrintingCalls::answerNull(const std::string& call)

@@ -1,3 +1,4 @@
+#include "support/LivingObjects.hpp"
 #include "support/PanelTestPrinting.hpp"
 
 #include <cstring>
@@ -161,6 +162,21 @@ TEST(TapeInfo, TakesEveryNameForATapeWithoutAPPD)
     EXPECT_NEAR(answer.record.length, 50.799972568, 1e-8);
 }
 
+TEST(TapeInfo, TakesEveryNameForATapeWhenThePPDListsNoPaper)
+{
+    const std::unique_ptr<FakeDialog> dialog(dialogWithPaper("DC62", 144));
+    for (const int count : {0, -1}) {
+        ppd_file_t empty{};
+        empty.num_sizes = count;
+        TapeRecord record{-1, -1, nullptr};
+        EXPECT_EQ(call("GetTapeInfo", dialog->session.handle(), dialog->settings.handle(),
+                       dialog->format.handle(), &empty, &record),
+                  0);
+        EXPECT_EQ(record.state, 0) << count;
+        CFRelease(record.paperName);
+    }
+}
+
 TEST(TapeInfo, AsksTheFrameworkInOrder)
 {
     const std::unique_ptr<FakeDialog> dialog(dialogWithPaper("TC24", 72));
@@ -294,6 +310,36 @@ TEST(Ticket, GivesTheNameBeyondASCII)
     printing::PrintSettings settings;
     settings.setData(kTicketKey, ticketNaming("テープ24"));
     EXPECT_EQ(Answer(settings).name, "テープ24");
+}
+
+TEST(Ticket, IsLeftAloneWhenTheFrameworkAnswersAnError)
+{
+    printing::PrintSettings settings;
+    settings.setData(kTicketKey, ticketNaming("TC24"));
+    PrintingCalls::failAfterAnswering("PMPrintSettingsGetValue", -30870);
+    const Answer answer(settings);
+    EXPECT_EQ(answer.status, 0);
+    EXPECT_FALSE(answer.hasName);
+}
+
+TEST(Ticket, IsReadWithoutLeavingAnythingBehind)
+{
+    printing::PrintSettings settings;
+    settings.setData(kTicketKey, ticketNaming("TC24"));
+    CFTypeRef data = nullptr;
+    ASSERT_EQ(PMPrintSettingsGetValue(settings.handle(),
+                                      CFSTR("jp.co.vendor.print."
+                                            "PrintSettingsTicket.KmE5"),
+                                      &data),
+              0);
+    const NSUInteger owners = [(id)data retainCount];
+    const LivingObjects objects({"GSMutableDictionary", "GSDictionary", "GSMutableString"});
+    {
+        const ScopedPool pool;
+        EXPECT_EQ(Answer(settings).name, "TC24");
+    }
+    EXPECT_EQ(objects.added(), Texts{});
+    EXPECT_EQ([(id)data retainCount], owners);
 }
 
 TEST(Ticket, IsOptional)

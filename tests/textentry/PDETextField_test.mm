@@ -14,7 +14,7 @@ NSNotification* endOfEditing(NSTextField* field)
     return [NSNotification notificationWithName:NSTextDidEndEditingNotification object:field];
 }
 
-BOOL refuseToResign(id, SEL)
+BOOL refuse(id, SEL)
 {
     return NO;
 }
@@ -139,7 +139,7 @@ TEST(NotifyingField, PostsNothingWhenEditingEndsAndResigningFails)
     KeyboardWindow window;
     PostCounter posts;
     Method resign = class_getInstanceMethod([NSTextField class], @selector(resignFirstResponder));
-    IMP before = method_setImplementation(resign, reinterpret_cast<IMP>(refuseToResign));
+    IMP before = method_setImplementation(resign, reinterpret_cast<IMP>(refuse));
     [window.length() textDidEndEditing:endOfEditing(window.length())];
     method_setImplementation(resign, before);
     EXPECT_EQ(posts.taken(), Objects{});
@@ -170,6 +170,36 @@ TEST(NotifyingField, PassesOnAnExceptionFromItsNotificationUnchanged)
         name = textOf([exception name]);
     }
     EXPECT_EQ(name, "Unchanged");
+    [field release];
+}
+
+Texts sentFlags;
+
+static void noteFlag(id, SEL, BOOL flag)
+{
+    sentFlags.push_back(flag ? "YES" : "NO");
+}
+
+static BOOL takeTheFocus(id, SEL)
+{
+    return YES;
+}
+
+TEST(NotifyingField, TellsItselfOfAFocusThatItHasGainedAndOfNoOther)
+{
+    Class noting = objc_allocateClassPair(classNamed("PDETextField13_v100_"), "NotingField", 0);
+    class_addMethod(noting, @selector(sendFirstResponderNotification:),
+                    reinterpret_cast<IMP>(noteFlag), "v@:c");
+    objc_registerClassPair(noting);
+    PDETextField13_v100_* field = [[noting alloc] initWithFrame:NSMakeRect(0, 0, 80, 24)];
+    Method become = class_getInstanceMethod([NSTextField class], @selector(becomeFirstResponder));
+    IMP before = method_setImplementation(become, reinterpret_cast<IMP>(takeTheFocus));
+    EXPECT_TRUE([field becomeFirstResponder]);
+    EXPECT_EQ(sentFlags, Texts{"YES"});
+    method_setImplementation(become, reinterpret_cast<IMP>(refuse));
+    EXPECT_FALSE([field becomeFirstResponder]);
+    method_setImplementation(become, before);
+    EXPECT_EQ(sentFlags, Texts{"YES"});
     [field release];
 }
 
