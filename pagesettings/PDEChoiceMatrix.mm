@@ -111,7 +111,6 @@ class Raised
 {
     mDisabled = !enabled;
     [self enableCells];
-    [self setNeedsDisplay:YES];
 }
 
 // MARK: Picture
@@ -210,10 +209,8 @@ class Raised
 - (void)mouseDown:(NSEvent*)event
 {
     const NSPoint point = [self convertPoint:[event locationInWindow] fromView:nil];
-    if (![self isEnabled] || ![self getRow:NULL column:NULL forPoint:point])
-        return;
-    [super mouseDown:event];
-    [self setNeedsDisplay:YES];
+    if ([self isEnabled] && [self getRow:NULL column:NULL forPoint:point])
+        [super mouseDown:event];
 }
 
 - (void)scrollWheel:(NSEvent*)event

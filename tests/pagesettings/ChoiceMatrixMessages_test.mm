@@ -310,6 +310,28 @@ class ChoiceMessagesTest : public testing::Test
         [group_ scrollWheel:(NSEvent*)turn];
     }
 
+    NSEvent* mouse(NSEventType type, double x, double y) const
+    {
+        return [NSEvent mouseEventWithType:type
+                                  location:[group_ convertPoint:NSMakePoint(x, y) toView:nil]
+                             modifierFlags:0
+                                 timestamp:0
+                              windowNumber:[window_ windowNumber]
+                                   context:nil
+                               eventNumber:0
+                                clickCount:1
+                                  pressure:1];
+    }
+
+    // A press at one place of the group and the release at another.
+    void drag(double fromX, double fromY, double toX, double toY)
+    {
+        [NSApp postEvent:mouse(NSLeftMouseDragged, toX, toY) atStart:NO];
+        [NSApp postEvent:mouse(NSLeftMouseUp, toX, toY) atStart:NO];
+        [group_ mouseDown:mouse(NSLeftMouseDown, fromX, fromY)];
+        [NSApp discardEventsMatchingMask:NSAnyEventMask beforeEvent:nil];
+    }
+
     const Rows& actions() const { return target_->rows; }
     const Texts& leftToOthers() const { return around_->heard; }
 
@@ -789,6 +811,33 @@ TEST_F(ChoiceMessagesTest, TellsByATipOnlyATitleThatIsCutOff)
 }
 
 // Mouse and keyboard.
+
+TEST_F(ChoiceMessagesTest, ChoosesWhereTheMouseIsPressedAndReleased)
+{
+    setChoices(5);
+    draw();
+    drag(120, 30, 120, 30);
+    EXPECT_EQ(actions(), Rows{4});
+    EXPECT_TRUE([group_ needsDisplay]);
+    draw();
+    drag(8, 8, 8, 30); // from the first to the fourth
+    EXPECT_EQ(actions().size(), 2u);
+    EXPECT_EQ([group_ selectedRow], actions().back());
+    EXPECT_TRUE([group_ needsDisplay]);
+    for (NSInteger row = 0; row < 5; ++row)
+        EXPECT_FALSE([[group_ cellAtRow:row column:0] isHighlighted]) << row;
+}
+
+TEST_F(ChoiceMessagesTest, TakesNoPressBesideTheChoicesOrWhileItIsDisabled)
+{
+    setChoices(5);
+    drag(8, 21, 8, 30);
+    drag(260, 30, 8, 30);
+    [group_ setEnabled:NO];
+    drag(8, 30, 8, 30);
+    EXPECT_EQ(actions(), Rows{});
+    EXPECT_EQ([group_ selectedRow], 0);
+}
 
 TEST_F(ChoiceMessagesTest, LeavesKeysWithModifiersAndOtherKeysToOthers)
 {
