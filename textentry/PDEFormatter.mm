@@ -190,10 +190,11 @@ NSString* notificationName(Refusal refusal)
 // The toolkit's own copy shares the objects without retaining them.
 - (id)copyWithZone:(NSZone*)zone
 {
-    PDEFormatter* copy = [[[self class] allocWithZone:zone] init];
+    // The initialiser that leaves the format nil.
+    PDEFormatter* copy = [[[self class] allocWithZone:zone] initWithCalendarDate:mDate
+                                                                          locale:mLocale];
     if (copy == nil)
         return nil;
-    [copy->mFormatString release];
     copy->mFormatString = [mFormatString copy];
     copy->mTextStyle = mTextStyle;
     copy->mMaxLength = mMaxLength;
@@ -203,8 +204,6 @@ NSString* notificationName(Refusal refusal)
     copy->mMinValue = mMinValue;
     copy->mObject = [mObject retain];
     copy->mInvalidCaracters = [mInvalidCaracters mutableCopy];
-    copy->mDate = [mDate retain];
-    copy->mLocale = [mLocale retain];
     return copy;
 }
 

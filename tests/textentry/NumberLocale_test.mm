@@ -44,7 +44,7 @@ class CommaLocale
 
 } // namespace
 
-TEST(DisplayText, KeepsItsPointUnderACommaLocale)
+TEST(DisplayTextAbroad, KeepsItsPointUnderACommaLocale)
 {
     PDEFormatter* formatter =
         [[[classNamed("PDEFormatter") alloc] initWithFormatString:@"%@ mm"] autorelease];

@@ -282,6 +282,15 @@ TEST(Formatter, IsCopiedWithAllItHolds)
     EXPECT_EQ([object retainCount], held);
 }
 
+TEST(Formatter, IsCopiedWithoutAFormatWhereItHasNone)
+{
+    PDEFormatter* formatter = [[allocated() initWithCalendarDate:aDate() locale:nil] autorelease];
+    PDEFormatter* copy = [[formatter copy] autorelease];
+    EXPECT_EQ([copy formatString], nil);
+    EXPECT_EQ([copy textStyle], 5);
+    EXPECT_TRUE([[copy calendarDate] isEqual:aDate()]);
+}
+
 // The list of invalid strings.
 
 TEST(InvalidStrings, AreComparedAsAWhole)
