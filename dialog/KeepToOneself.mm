@@ -1,6 +1,6 @@
 #include "dialog/KeepToOneself.h"
 
-#include <Foundation/Foundation.h>
+#include <AppKit/AppKit.h>
 
 #include <objc/runtime.h>
 
@@ -13,15 +13,24 @@ id noCenter(id, SEL, NSString*)
     return nil;
 }
 
+void noSearch(id, SEL) {}
+
+void replace(Method method, IMP implementation)
+{
+    if (method != nullptr) {
+        method_setImplementation(method, implementation);
+    }
+}
+
 } // namespace
 
 void keepToOneself()
 {
-    const Method method = class_getClassMethod([NSDistributedNotificationCenter class],
-                                               @selector(notificationCenterForType:));
-    if (method != nullptr) {
-        method_setImplementation(method, reinterpret_cast<IMP>(&noCenter));
-    }
+    replace(class_getClassMethod([NSDistributedNotificationCenter class],
+                                 @selector(notificationCenterForType:)),
+            reinterpret_cast<IMP>(&noCenter));
+    replace(class_getInstanceMethod([NSWorkspace class], @selector(findApplications)),
+            reinterpret_cast<IMP>(&noSearch));
 }
 
 } // namespace dialog
