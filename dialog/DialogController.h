@@ -34,7 +34,8 @@
     PanelHost* host_;
     LoadedPanel* loaded_; // nil when there is no panel
     FeaturesController* features_;
-    std::vector<dialog::Pane> panes_; // as the chooser lists them
+    std::vector<dialog::Pane> panes_;                 // as the chooser lists them
+    std::unique_ptr<dialog::PictureRequest> picture_; // of the document, until there is a preview
     LabelPreview* preview_;
     PresetKeeper* presets_;
     NSTimer* listing_;
@@ -51,7 +52,8 @@
     BOOL wasShown_; // and what waits for that may begin
 }
 
-// `line` was understood.
+// `line` was understood.  Asks the print server and has the document read, which goes on while the
+// application object is made; that need not be there yet.
 - (id)initWithCommandLine:(const dialog::CommandLine&)line;
 
 // What the shell is to be told once the application has stopped.

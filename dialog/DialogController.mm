@@ -10,6 +10,7 @@
 #include "dialog/Translate.hpp"
 #include "dialog/background/Leaving.hpp"
 #include "dialog/keyboard/CopiesStep.hpp"
+#include "dialog/start/InputMethod.h"
 #include "dialog/twin/Twin.hpp"
 
 #include <cstdio>
@@ -51,6 +52,11 @@ constexpr NSTimeInterval kListingInterval = 0.1;
             line_.plugin = dialog::bundlePath(dialog::programFolder());
         }
         line_.paper = dialog::paperOf(line_);
+        [self beginLooking];
+        if (const auto document = dialog::Document::open(line_.document); document.ok()) {
+            picture_ = std::make_unique<dialog::PictureRequest>(
+                dialog::pictureProgram(dialog::programFolder()), document.path());
+        }
     }
     return self;
 }
@@ -75,8 +81,6 @@ constexpr NSTimeInterval kListingInterval = 0.1;
 
 - (void)applicationDidFinishLaunching:(NSNotification*)notification
 {
-    // The server has time to answer while the window is made.
-    [self beginLooking];
     window_ = [[DialogWindow alloc] initWithController:self];
     features_ = [[FeaturesController alloc] initWithWindow:window_];
     [[window_ copiesField] setIntValue:line_.copies];
@@ -84,12 +88,13 @@ constexpr NSTimeInterval kListingInterval = 0.1;
     [[window_ stepper] setMaxValue:dialog::kMaxCopies];
     [[window_ stepper] setIntValue:line_.copies];
 
-    preview_ = [[LabelPreview alloc] initWithDocument:line_.document];
+    preview_ = [[LabelPreview alloc] initWithRequest:std::move(picture_)];
     [window_ showPreview:preview_];
 
     presets_ = [[PresetKeeper alloc] initWithCommandLine:line_ popUp:[window_ presetsPopUp]
                                                    owner:self];
     [self showFirstPrinters];
+    [preview_ lookForDocument];
     [[window_ window] center];
     [NSApp activateIgnoringOtherApps:YES];
     [[window_ window] makeKeyAndOrderFront:nil];
@@ -473,6 +478,7 @@ constexpr NSTimeInterval kListingInterval = 0.1;
 - (void)windowWasShown:(id)ignored
 {
     wasShown_ = YES;
+    dialog::openInputMethod();
     if (!line_.listControls.empty()) {
         listing_ = [NSTimer timerWithTimeInterval:kListingInterval target:self
                                          selector:@selector(writeControls:)

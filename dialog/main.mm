@@ -13,6 +13,10 @@
 #include "dialog/language/Language.hpp"
 #include "dialog/language/SpeakLanguage.h"
 #include "dialog/preview/ControlActions.h"
+#include "dialog/start/Fonts.hpp"
+#include "dialog/start/InputMethod.h"
+#include "dialog/start/Pictures.h"
+#include "dialog/start/ShortSleep.h"
 #include "dialog/theme/DesktopSettings.hpp"
 #include "dialog/theme/TapeTheme.h"
 #include "dialog/twin/PanelCheck.h"
@@ -35,6 +39,7 @@ int statusNumber(dialog::ExitStatus status)
 // nil when the window server does not answer.
 NSApplication* openApplication()
 {
+    const dialog::ShortSleep shortSleep;
     @try {
         return [TapePrintApplication sharedApplication];
     } @catch (NSException*) {
@@ -71,16 +76,18 @@ dialog::ExitStatus runWithoutWindow(dialog::CommandLine line)
 
 dialog::ExitStatus run(const dialog::CommandLine& line, const dialog::Language& language)
 {
+    DialogController* const controller = [[DialogController alloc] initWithCommandLine:line];
     printing::askWindowServerLess();
+    dialog::deferInputMethod();
     NSApplication* const application = openApplication();
     if (application == nil) {
+        [controller release];
         const dialog::Failure failure = dialog::noDisplay();
         std::fprintf(stderr, "tape-print: %s\n", failure.text.c_str());
         return failure.status;
     }
     dialog::useFontFor(language);
     dialog::useTheme(dialog::appearanceOnThisDesktop(line.appearance));
-    DialogController* const controller = [[DialogController alloc] initWithCommandLine:line];
     [application setDelegate:(id)controller];
     [application run];
     const dialog::ExitStatus status = [controller status];
@@ -111,6 +118,9 @@ int main(int argc, char** argv, char** environment)
         return statusNumber(dialog::endOfAnswer(dialog::ExitStatus::Printed));
     }
 
+    if (dialog::taskOf(line) == dialog::Task::Window) {
+        dialog::beginReadingFonts();
+    }
     dialog::beginToolkit(environment);
     NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
     setUpToolkit(language);
@@ -124,6 +134,7 @@ int main(int argc, char** argv, char** environment)
     [NSImageRep unregisterImageRepClass:NSClassFromString(@"GSImageMagickImageRep")];
     dialog::keepToOneself();
     dialog::setUpPasteboards();
+    dialog::findPicturesAtOnce();
     const dialog::ExitStatus status = run(line, language);
     [pool drain];
     return statusNumber(status);

@@ -1,6 +1,6 @@
 // LabelPreview.h - the label beside the panel: the picture, and what is said of it.
 //
-//     LabelPreview* const preview = [[LabelPreview alloc] initWithDocument:path];
+//     LabelPreview* const preview = [[LabelPreview alloc] initWithRequest:std::move(request)];
 //     [window showPreview:[preview view]];
 //     [preview showPanel:[panel view] host:host];
 //
@@ -34,8 +34,8 @@
     bool refreshIsDue_;
 }
 
-// Begins to read the document; an empty path is the sample label.
-- (id)initWithDocument:(const std::string&)path;
+// `request` is for the document's picture; none when the document cannot be read.
+- (id)initWithRequest:(std::unique_ptr<dialog::PictureRequest>&&)request;
 
 - (NSView*)view;
 
@@ -54,6 +54,8 @@
 - (void)refreshSoon;
 - (void)refresh;
 
+// Takes the document's picture if it has come meanwhile.
+- (void)lookForDocument;
 // Waits until the document is there, or why it is not.
 - (void)finishDocument;
 

@@ -1,7 +1,5 @@
 #include "dialog/preview/LabelPreview.h"
 
-#include "dialog/Document.hpp"
-#include "dialog/Places.hpp"
 #include "dialog/Text.h"
 #include "dialog/WantedLength.hpp"
 #include "dialog/preview/ControlActions.h"
@@ -9,11 +7,12 @@
 #include "dialog/theme/TapeTheme.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace {
 
-constexpr NSTimeInterval kLookInterval = 0.03;
+constexpr NSTimeInterval kLookInterval = 0.01;
 constexpr CGFloat kInset = 12;
 constexpr CGFloat kLine = 17;
 constexpr CGFloat kRemarkLine = 15;
@@ -115,7 +114,7 @@ double told(PanelHost* host, std::string_view keyword)
 
 @implementation LabelPreview
 
-- (id)initWithDocument:(const std::string&)path
+- (id)initWithRequest:(std::unique_ptr<dialog::PictureRequest>&&)request
 {
     self = [super init];
     if (self == nil) {
@@ -147,9 +146,8 @@ double told(PanelHost* host, std::string_view keyword)
     [center addObserver:self selector:@selector(controlHasActed:) name:dialog::kControlHasActed
                  object:nil];
 
-    if (const dialog::Document document = dialog::Document::open(path); document.ok()) {
-        request_ = std::make_unique<dialog::PictureRequest>(
-            dialog::pictureProgram(dialog::programFolder()), document.path());
+    request_ = std::move(request);
+    if (request_) {
         waiting_ = [NSTimer timerWithTimeInterval:kLookInterval target:self
                                          selector:@selector(lookForDocument:)
                                          userInfo:nil
@@ -224,8 +222,15 @@ double told(PanelHost* host, std::string_view keyword)
 
 - (void)lookForDocument:(NSTimer*)timer
 {
-    if (auto picture = request_->poll()) {
-        [self takeDocument:std::move(*picture)];
+    [self lookForDocument];
+}
+
+- (void)lookForDocument
+{
+    if (request_) {
+        if (auto picture = request_->poll()) {
+            [self takeDocument:std::move(*picture)];
+        }
     }
 }
 

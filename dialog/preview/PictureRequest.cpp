@@ -20,6 +20,8 @@ namespace {
 
 // A header, the pixels and the text; a program that writes more has gone wrong.
 constexpr std::size_t kMostAnswer = 512 + kMostPixels + kMostText;
+// Room for most answers, so that the program can end before anybody reads.
+constexpr int kRoom = 1024 * 1024;
 
 pid_t start(const std::string& program, int document, int answer)
 {
@@ -50,6 +52,7 @@ PictureRequest::PictureRequest(const std::string& program, const std::string& do
     if (file >= 0 && pipe2(ends.data(), O_CLOEXEC) == 0) {
         answer_ = ends[0];
         fcntl(answer_, F_SETFL, O_NONBLOCK);
+        fcntl(answer_, F_SETPIPE_SZ, kRoom);
         process_ = start(program, file, ends[1]);
         close(ends[1]);
     }

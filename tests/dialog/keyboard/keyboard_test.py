@@ -3,6 +3,7 @@
 called.  Runs on the display it finds, like dialog_test.py."""
 
 import os
+import subprocess
 import sys
 
 sys.dont_write_bytecode = True
@@ -184,6 +185,34 @@ def wrong_copies_keep_the_keyboard():
         wait_focus(dialog, "Copies")
         press("2")
         dialog.wait("Copies", "2")
+
+
+E_ACUTE_AND_OE = "\N{LATIN SMALL LETTER E WITH ACUTE}\N{LATIN SMALL LIGATURE OE}"
+
+
+def has_the_keyboard():
+    asked = ["xdotool", "getactivewindow", "getwindowname"]
+    return subprocess.run(asked, capture_output=True, check=False).stdout == b"Print Label\n"
+
+
+def types_composed_letters(dialog):
+    xdotool("key", "--delay", 20, "alt+c", "dead_acute", "e", "Multi_key", "o", "e")
+    nudge()
+    wait_for(lambda: [c.text for c in dialog.all("Copies")] == [E_ACUTE_AND_OE], "the two letters")
+
+
+@test
+def an_accent_and_a_letter_make_one():
+    with ppd("resolution") as dialog:
+        dialog.wait("Copies", "1")
+        types_composed_letters(dialog)
+
+
+@test
+def an_accent_typed_as_soon_as_there_is_a_window_makes_one():
+    with ppd("resolution") as dialog:
+        wait_for(has_the_keyboard, "the window")
+        types_composed_letters(dialog)
 
 
 @test
