@@ -1,6 +1,6 @@
 // The radio groups by the messages that the toolkit sends them: what they draw, measure and mark
 // for drawing.  No event comes from the display server, and nothing waits for one.
-#include "support/LivingObjects.hpp"
+#include "support/PanelTest.hpp"
 
 #include <objc/runtime.h>
 
@@ -686,8 +686,8 @@ TEST_F(ChoiceMessagesTest, GoesByOneLineForTheScrollersButtonsAndItsTrack)
 {
     setChoices(15); // five lines: three places
     draw();
-    Method const hitPart = class_getInstanceMethod([NSScroller class], @selector(hitPart));
-    IMP const real = method_setImplementation(hitPart, reinterpret_cast<IMP>(givenPart));
+    const ReplacedMethod hitPart([NSScroller class], @selector(hitPart),
+                                 reinterpret_cast<IMP>(givenPart));
     const auto hit = [&](NSScrollerPart part) {
         scrollerPart = part;
         [(id)group_ scrollerMoved:scroller()];
@@ -702,7 +702,6 @@ TEST_F(ChoiceMessagesTest, GoesByOneLineForTheScrollersButtonsAndItsTrack)
     EXPECT_EQ(hit(NSScrollerKnob), -69);
     EXPECT_EQ(hit(NSScrollerDecrementLine), -46);
     EXPECT_NEAR([scroller() floatValue], 2 / 3.0, 1e-6);
-    method_setImplementation(hitPart, real);
     EXPECT_EQ(actions(), Rows{});
 }
 
@@ -934,11 +933,18 @@ TEST_F(ChoiceMessagesTest, LeavesNothingBehindWhenItGoes)
         [group release];
     };
     live(); // the toolkit keeps some for good
-    const LivingObjects objects({"PDEChoiceMatrix13_v100_", "NSScroller", "GSMutableArray",
-                                 "GSTTProvider", "GSTrackingRect"});
+    const LivingObjects groups("PDEChoiceMatrix13_v100_");
+    const LivingObjects scrollers("NSScroller");
+    const LivingObjects arrays("GSMutableArray");
+    const LivingObjects tips("GSTTProvider");
+    const LivingObjects places("GSTrackingRect");
     for (int i = 0; i < 3; ++i)
         live();
-    EXPECT_EQ(objects.added(), Texts{});
+    EXPECT_EQ(groups.count(), 0);
+    EXPECT_EQ(scrollers.count(), 0);
+    EXPECT_EQ(arrays.count(), 0);
+    EXPECT_EQ(tips.count(), 0);
+    EXPECT_EQ(places.count(), 0);
 }
 
 TEST_F(ChoiceMessagesTest, IsNotToldByAScrollerThatOutlivesIt)

@@ -1,6 +1,5 @@
 // The formatter out of the loaded bundle: construction, accessors, texts, keystrokes.
 
-#include "support/LivingObjects.hpp"
 #include "textentry/FormatterTest.hpp"
 
 #include <objc/runtime.h>
@@ -197,37 +196,21 @@ TEST(Formatter, RetainsItsObjectsAndLetsThemGo)
     [locale release];
 }
 
-// A toolkit that cannot make its part of a formatter.
-static bool makesFormatters = true;
-
-static id initOrRefuse(id self, SEL selector)
-{
-    if (makesFormatters) {
-        IMP const real = class_getMethodImplementation([NSObject class], selector);
-        return reinterpret_cast<id (*)(id, SEL)>(real)(self, selector);
-    }
-    [self release];
-    return nil;
-}
-
 TEST(Formatter, IsNotMadeWithoutTheToolkitsPart)
 {
-    ASSERT_TRUE(class_addMethod([NSFormatter class], @selector(init),
-                                reinterpret_cast<IMP>(initOrRefuse), "@@:"));
-    makesFormatters = false;
+    const FailingInit failing(classNamed("PDEFormatter"));
     EXPECT_EQ([allocated() init], nil);
     EXPECT_EQ([allocated() initWithStyle:4], nil);
     EXPECT_EQ([allocated() initWithFormatString:@"%@" withStyle:2], nil);
     EXPECT_EQ([allocated() initWithCalendarDate:aDate() locale:nil], nil);
-    makesFormatters = true;
-    EXPECT_EQ([formatterWithStyle(4) textStyle], 4);
 }
 
 TEST(Formatter, LeavesNothingBehindWhenItGoes)
 {
     NSMutableString* const format = [NSMutableString stringWithString:@"a format of its own %@"];
     NSString* kept = nil;
-    const LivingObjects objects({"PDEFormatter", "GSMutableArray"});
+    const LivingObjects formatters("PDEFormatter");
+    const LivingObjects lists("GSMutableArray");
     {
         const ScopedPool pool;
         PDEFormatter* const formatter = [allocated() initWithFormatString:format];
@@ -238,7 +221,8 @@ TEST(Formatter, LeavesNothingBehindWhenItGoes)
         [copy release];
         [formatter release];
     }
-    EXPECT_EQ(objects.added(), Texts{});
+    EXPECT_EQ(formatters.count(), 0);
+    EXPECT_EQ(lists.count(), 0);
     EXPECT_EQ([kept retainCount], 1u);
     [kept release];
 }
@@ -333,6 +317,17 @@ TEST(InvalidStrings, AreRemovedWithEveryDuplicate)
     [formatter removeInvalidCharacter:@"z"];
     [formatter removeInvalidCharacter:@"z"];
     EXPECT_EQ([ivarOf<NSArray*>(formatter, "mInvalidCaracters") count], 0u);
+}
+
+TEST(InvalidStrings, AreKeptAndLetGo)
+{
+    NSMutableString* const text = [[NSMutableString alloc] initWithString:@"x"];
+    PDEFormatter* formatter = formatterWithStyle(1);
+    [formatter addInvalidCharacter:text];
+    EXPECT_EQ([text retainCount], 2u);
+    [formatter removeInvalidCharacter:@"x"];
+    EXPECT_EQ([text retainCount], 1u);
+    [text release];
 }
 
 // Display texts.
