@@ -259,15 +259,11 @@ static void takeDecimalNumbers(NSTextField* field)
     return titles;
 }
 
-// One row a choice, with the row that was selected still selected.
+// One row a choice; the matrix itself keeps the selected row, as far as it stays.
 - (void)giveMatrix:(NSMatrix*)matrix rows:(NSInteger)count
 {
-    if ([matrix numberOfRows] == count)
-        return;
-    const NSInteger selected = std::max<NSInteger>([matrix selectedRow], 0);
-    [matrix renewRows:count columns:1];
-    // Without rows, row -1: none.
-    [matrix selectCellAtRow:std::min(selected, count - 1) column:0];
+    if ([matrix numberOfRows] != count)
+        [matrix renewRows:count columns:1];
 }
 
 - (NSInteger)indexOfDefaultIn:(NSArray*)choices testing:(NSArray*)tested

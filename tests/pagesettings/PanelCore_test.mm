@@ -1060,6 +1060,9 @@ TEST(ChoiceTitle, IsThereForTheChoicesOfTheOptionOnly)
     for (const NSInteger index : {NSIntegerMin, NSInteger{-1}, NSInteger{2}, NSIntegerMax})
         EXPECT_EQ([panel titleOfChoice:index ofOption:quality], nil) << index;
     EXPECT_EQ([panel titleOfChoice:0 ofOption:nullptr], nil);
+    quality->num_choices = 1; // what stands behind is none of its choices
+    EXPECT_EQ([panel titleOfChoice:1 ofOption:quality], nil);
+    quality->num_choices = 2;
 }
 
 TEST(ChoiceTitle, MayBeASingleLetter)
