@@ -71,6 +71,14 @@ fwrite(const void* bytes, std::size_t size, std::size_t count, FILE* stream)
 
 namespace {
 
+// Writing that never ends must end the program: the tests take a hundredth of a second.
+class Deadline : public testing::Environment
+{
+    void SetUp() override { alarm(60); }
+};
+[[maybe_unused]] testing::Environment* const deadline =
+    testing::AddGlobalTestEnvironment(new Deadline);
+
 using Log = void (*)(id, NSString*, ...);
 using Message = void (*)(int, CFStringRef, ...);
 using MessageFd = void (*)(int, int, CFStringRef, ...);
