@@ -327,7 +327,11 @@ enum class Ending
 
 - (void)showChosen
 {
-    [[super itemAtIndex:0] setTitle:dialog::toNSString(titles_[chosen_])];
+    // The menu behind the title is never shown, and need not be measured for it.
+    NSMenuItem* const item = (NSMenuItem*)[super itemAtIndex:0];
+    [item setMenu:nil];
+    [item setTitle:dialog::toNSString(titles_[chosen_])];
+    [item setMenu:[self menu]];
     [super selectItemAtIndex:0];
     [self synchronizeTitleAndSelectedItem];
     [self setNeedsDisplay:YES];

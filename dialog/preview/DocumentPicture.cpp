@@ -4,7 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <span>
+#include <numeric>
 
 namespace dialog {
 
@@ -55,43 +55,33 @@ std::size_t characters(std::string_view line) noexcept
            static_cast<std::size_t>(std::count_if(line.begin(), line.end(), continuesCharacter));
 }
 
-// One edge of the picture cut into `count` pieces: how much of each old pixel falls into a piece,
-// in parts of which an old pixel has `count` and a piece as many as there are old pixels.
-struct Share
+// One edge of the picture cut into `count` pieces, measured in parts: an old pixel has `count` of
+// them, and a piece as many as there are old pixels.  Where a piece begins, then:
+struct Place
 {
-    int pixel;
-    std::uint16_t parts;
+    std::uint32_t pixel;
+    std::uint32_t parts; // of that pixel, which lie before
 };
 
-// Of each piece, one after the other.
-struct Shares
+// Of every piece, and of the end.
+std::vector<Place> places(int old, int count)
 {
-    std::vector<Share> all;
-    std::vector<std::size_t> ends;
-
-    std::span<const Share> of(int piece) const
-    {
-        const auto index = static_cast<std::size_t>(piece);
-        const std::size_t begin = index == 0 ? 0 : ends[index - 1];
-        return {all.data() + begin, ends[index] - begin};
-    }
-};
-
-Shares shares(int old, int count)
-{
-    Shares result;
-    result.ends.reserve(static_cast<std::size_t>(count));
-    result.all.reserve(static_cast<std::size_t>(old) + static_cast<std::size_t>(count));
-    for (int piece = 0; piece < count; ++piece) {
-        const int from = piece * old;
-        const int to = from + old;
-        for (int pixel = from / count; pixel * count < to; ++pixel) {
-            const int parts = std::min(to, (pixel + 1) * count) - std::max(from, pixel * count);
-            result.all.push_back({pixel, static_cast<std::uint16_t>(parts)});
-        }
-        result.ends.push_back(result.all.size());
+    std::vector<Place> result;
+    result.reserve(static_cast<std::size_t>(count) + 1);
+    for (int piece = 0; piece <= count; ++piece) {
+        const int parts = piece * old;
+        result.push_back(
+            {static_cast<std::uint32_t>(parts / count), static_cast<std::uint32_t>(parts % count)});
     }
     return result;
+}
+
+// Ink times parts of a row of pieces, column by column of the old picture.
+void addRow(std::vector<std::uint32_t>& line, const std::uint8_t* row, std::uint16_t parts)
+{
+    for (std::size_t x = 0; x < line.size(); ++x) {
+        line[x] += static_cast<std::uint32_t>(parts) * row[x];
+    }
 }
 
 } // namespace
@@ -245,37 +235,53 @@ std::vector<std::uint8_t> resampled(const DocumentPicture& picture, int columns,
 {
     const std::size_t pixels =
         static_cast<std::size_t>(picture.columns) * static_cast<std::size_t>(picture.rows);
-    if (columns <= 0 || rows <= 0 || pixels == 0 || picture.ink.size() != pixels) {
+    if (columns <= 0 || rows <= 0 || std::max(columns, rows) > kMostResampled || pixels == 0 ||
+        picture.ink.size() != pixels) {
         return {};
     }
     // Of the picture as it stands: after the turn its rows run along the result's columns.
     const int across = turned ? rows : columns;
     const int down = turned ? columns : rows;
-    const Shares horizontal = shares(picture.columns, across);
-    const Shares vertical = shares(picture.rows, down);
+    const std::vector<Place> horizontal = places(picture.columns, across);
+    const std::vector<Place> vertical = places(picture.rows, down);
 
     std::vector<std::uint8_t> result(static_cast<std::size_t>(columns) *
                                      static_cast<std::size_t>(rows));
-    std::vector<std::uint32_t> line(static_cast<std::size_t>(picture.columns));
+    // Half a part more than half, so that a product just below a whole number is not cut to the
+    // next.
+    const double half = static_cast<double>(pixels / 2) + 0.5;
+    const double each = 1.0 / static_cast<double>(pixels);
+    const auto width = static_cast<std::size_t>(picture.columns);
+    std::vector<std::uint32_t> line(width);
+    std::vector<std::uint32_t> before(width + 1); // the sum of the line up to each column
     for (int y = 0; y < down; ++y) {
         std::fill(line.begin(), line.end(), 0);
-        for (const Share& share : vertical.of(y)) {
-            const std::uint8_t* const row =
-                picture.ink.data() +
-                static_cast<std::size_t>(share.pixel) * static_cast<std::size_t>(picture.columns);
-            for (std::size_t x = 0; x < line.size(); ++x) {
-                line[x] += static_cast<std::uint32_t>(share.parts) * row[x];
+        const Place top = vertical[static_cast<std::size_t>(y)];
+        const Place end = vertical[static_cast<std::size_t>(y) + 1];
+        for (std::uint32_t row = top.pixel; row <= end.pixel; ++row) {
+            const std::uint32_t from = row == top.pixel ? top.parts : 0;
+            const std::uint32_t to =
+                row == end.pixel ? end.parts : static_cast<std::uint32_t>(down);
+            if (to > from) {
+                addRow(line, picture.ink.data() + row * width,
+                       static_cast<std::uint16_t>(to - from));
             }
         }
+        std::partial_sum(line.begin(), line.end(), before.begin() + 1);
+        const auto sumUntil = [&](const Place& place) {
+            const std::uint64_t whole = static_cast<std::uint64_t>(across) * before[place.pixel];
+            return place.parts == 0
+                       ? whole
+                       : whole + static_cast<std::uint64_t>(place.parts) * line[place.pixel];
+        };
+        std::uint64_t left = 0;
         for (int x = 0; x < across; ++x) {
-            std::uint64_t sum = 0;
-            for (const Share& share : horizontal.of(x)) {
-                sum += std::uint64_t{share.parts} * line[static_cast<std::size_t>(share.pixel)];
-            }
+            const std::uint64_t right = sumUntil(horizontal[static_cast<std::size_t>(x) + 1]);
             const auto column = static_cast<std::size_t>(turned ? columns - 1 - y : x);
             const auto row = static_cast<std::size_t>(turned ? x : y);
             result[row * static_cast<std::size_t>(columns) + column] =
-                static_cast<std::uint8_t>((sum + pixels / 2) / pixels);
+                static_cast<std::uint8_t>((static_cast<double>(right - left) + half) * each);
+            left = right;
         }
     }
     return result;

@@ -77,9 +77,11 @@ inline constexpr double kLineMillimetres = 25.4 / 6;    // six lines to the inch
 // What placeDocument asks for.  No value where there is nothing to show.
 std::optional<DocumentSize> sizeOf(const DocumentPicture& picture);
 
+inline constexpr int kMostResampled = 65535;
+
 // The ink in other pixels, each the mean of the area that it covers; turned clockwise on request,
-// `columns` and `rows` being those of the result.  Both above 0; empty for a picture without
-// pixels.
+// `columns` and `rows` being those of the result.  Both 1 to kMostResampled, or empty; empty for a
+// picture without pixels.
 std::vector<std::uint8_t> resampled(const DocumentPicture& picture, int columns, int rows,
                                     bool turned);
 

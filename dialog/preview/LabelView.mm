@@ -238,14 +238,15 @@ NSBitmapImageRep* newPicture(const std::vector<std::uint8_t>& pixels, int column
         NSFontAttributeName : [NSFont systemFontOfSize:kNumberSize],
         NSForegroundColorAttributeName : dialog::themeColor(dialog::Role::TextDisabled)
     };
-    std::vector<NSRect> ticks;
-    ticks.reserve(layout_->ticks.size());
+    // In one path: each of many is the price of one.
+    NSBezierPath* const ticks = [NSBezierPath bezierPath];
     for (const dialog::Tick& tick : layout_->ticks) {
         const CGFloat height = tick.kind == dialog::TickKind::Major ? kMajorTick : kMinorTick;
-        ticks.push_back(dialog::onPixels(NSMakeRect(tick.x, top, line, height), self));
+        [ticks
+            appendBezierPathWithRect:dialog::onPixels(NSMakeRect(tick.x, top, line, height), self)];
     }
     [dialog::themeColor(dialog::Role::Border) set];
-    NSRectFillList(ticks.data(), static_cast<NSInteger>(ticks.size()));
+    [ticks fill];
     for (const dialog::Tick& tick : layout_->ticks) {
         if (tick.number.empty()) {
             continue;

@@ -2,6 +2,7 @@
 
 #include "dialog/theme/Drawing.h"
 #include "dialog/theme/Metrics.hpp"
+#include "dialog/theme/QuickText.h"
 
 #include <GNUstepGUI/GSTheme.h>
 #include <objc/runtime.h>
@@ -827,6 +828,7 @@ void useTheme(Appearance appearance)
     [defaults registerDefaults:@{@"NSScrollViewInterfaceStyle" : @"NSWindows95InterfaceStyle"}];
     appearanceInUse = appearance;
     replaceDrawingMethods();
+    setTextQuickly();
     [NSColor controlTextColor]; // NSColor has to be there to hear that a theme came
     TapeTheme* const theme = [[TapeTheme alloc] initWithBundle:nil];
     [GSTheme setTheme:theme];

@@ -247,6 +247,9 @@ TEST(Resampled, IsEmptyWithoutPixels)
     EXPECT_TRUE(resampled(pixels(0, 0, {}), 3, 2, false).empty());
     EXPECT_TRUE(resampled(pixels(1, 1, {9}), 0, 2, false).empty());
     EXPECT_TRUE(resampled(pixels(1, 1, {9}), 2, -1, false).empty());
+    EXPECT_TRUE(resampled(pixels(1, 1, {9}), 65536, 1, false).empty()); // more than there can be
+    EXPECT_TRUE(resampled(pixels(1, 1, {9}), 1, 65536, false).empty());
+    EXPECT_EQ(resampled(pixels(1, 1, {9}), 1, 65535, false), Ink(65535, 9));
     EXPECT_TRUE(resampled(pixels(2, 2, {9}), 2, 2, false).empty()); // fewer than it says
 }
 
