@@ -5,6 +5,7 @@
 
 #include <cstring>
 #include <limits>
+#include <map>
 
 namespace {
 
@@ -1129,26 +1130,26 @@ TEST(WidthText, GoesWithTheTapeAndWithThePanel)
 TEST(WidthText, IsNotThatOfAnEarlierPanelAtTheSameAddress)
 {
     FakeDialog dialog(setupWith(twoTapes()));
-    const void* address = nullptr;
-    NSString* first = nil;
-    for (int i = 0; i < 100; ++i) {
+    std::map<const void*, NSString*> texts; // of the panel that stood there; kept from being reused
+    bool sawAnAddressAgain = false;
+    for (int i = 0; i < 20; ++i) {
         const ScopedPool pool;
         TestPanel panel(dialog);
-        const NSDictionary* const summary = [panel summaryInfo];
+        NSDictionary* const summary = [panel summaryInfo];
         NSString* const text =
             [summary objectForKey:[[summary objectForKey:@"Summary Display Order"] firstObject]];
         EXPECT_EQ(textOf(text), "24 mm");
-        if (first == nil) {
-            address = panel.get();
-            first = [text retain];
-        } else if (address == panel.get()) {
-            EXPECT_NE(text, first);
-            address = nullptr;
-            break;
+        const auto [place, isNew] = texts.emplace(panel.get(), text);
+        if (isNew) {
+            [text retain];
+        } else {
+            EXPECT_NE(text, place->second);
+            sawAnAddressAgain = true;
         }
     }
-    EXPECT_EQ(address, nullptr) << "no panel came to stand where the first stood";
-    [first release];
+    EXPECT_TRUE(sawAnAddressAgain);
+    for (const auto& [panel, text] : texts)
+        [text release];
 }
 #endif
 
