@@ -37,7 +37,7 @@ bool customSizeIsALength(ppd_file_t* record) noexcept
 const ppd_choice_t* findChoice(const ppd_option_t& option, const std::string& keyword) noexcept
 {
     for (int i = 0; i < option.num_choices; ++i) {
-        if (keyword == option.choices[i].choice) {
+        if (std::strcmp(keyword.c_str(), option.choices[i].choice) == 0) {
             return &option.choices[i];
         }
     }

@@ -2,6 +2,8 @@
 
 #include "platform/Records.hpp"
 
+#include <cstring>
+
 namespace printing {
 
 struct Printer::Record : PrinterRecord
@@ -57,7 +59,8 @@ std::optional<Paper> paperFromPPD(const ppd_file_t& ppd, std::string_view name)
 {
     for (int i = 0; ppd.sizes != nullptr && i < ppd.num_sizes; ++i) {
         const ppd_size_t& size = ppd.sizes[i];
-        if (name == size.name) {
+        // Most names differ in their first letters, and there may be ten thousand.
+        if (std::strncmp(size.name, name.data(), name.size()) == 0 && name == size.name) {
             return Paper{size.name, size.width, size.length};
         }
     }

@@ -289,8 +289,10 @@ enum class Ending
 
 - (std::optional<std::size_t>)track
 {
+    // Which draws it.
     [window_ orderFront:nil];
-    [window_ display];
+    [window_ displayIfNeeded];
+    [window_ flushWindow];
     Ending ending = Ending::StaysOpen;
     while (ending == Ending::StaysOpen) {
         NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];

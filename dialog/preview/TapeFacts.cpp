@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <string_view>
 
 namespace dialog {
@@ -54,8 +55,9 @@ std::optional<TapeFacts> tapeFacts(ppd_file_t* ppd, const std::string& paper)
     }
     const ppd_size_t* const end = ppd->sizes + ppd->num_sizes;
     const ppd_size_t* const size =
-        std::find_if(static_cast<const ppd_size_t*>(ppd->sizes), end,
-                     [&](const ppd_size_t& one) { return paper == one.name; });
+        std::find_if(static_cast<const ppd_size_t*>(ppd->sizes), end, [&](const ppd_size_t& one) {
+            return std::strcmp(paper.c_str(), one.name) == 0;
+        });
     if (size == end) {
         return std::nullopt;
     }
