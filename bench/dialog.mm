@@ -12,10 +12,52 @@
 
 #include <objc/runtime.h>
 
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <string>
+
+// Nothing but a picture.
+@interface BarePicture : NSView
+{
+    NSBitmapImageRep* picture_;
+}
+@end
+
+@implementation BarePicture
+
+- (void)dealloc
+{
+    [picture_ release];
+    [super dealloc];
+}
+
+- (BOOL)isOpaque
+{
+    return YES;
+}
+
+- (void)drawRect:(NSRect)rect
+{
+    const NSRect bounds = [self bounds];
+    if (picture_ == nil) {
+        picture_ = [[NSBitmapImageRep alloc]
+            initWithBitmapDataPlanes:NULL
+                          pixelsWide:static_cast<NSInteger>(NSWidth(bounds))
+                          pixelsHigh:static_cast<NSInteger>(NSHeight(bounds))
+                       bitsPerSample:8
+                     samplesPerPixel:4
+                            hasAlpha:YES
+                            isPlanar:NO
+                      colorSpaceName:NSCalibratedRGBColorSpace
+                         bytesPerRow:0
+                        bitsPerPixel:32];
+    }
+    [picture_ drawInRect:bounds];
+}
+
+@end
 
 namespace bench {
 namespace {
@@ -118,6 +160,81 @@ void measureTape(Meter& meter, const Running& running, const std::string& at)
         }, nullptr, [&] { running.rest(); });
 }
 
+// What the toolkit's views cost of it: two pop-ups, three texts and a picture, each another, in a
+// window where nobody decides anything.
+class BareWindow
+{
+  public:
+    BareWindow()
+        : window_([[NSWindow alloc] initWithContentRect:NSMakeRect(100, 100, 620, 420)
+                                              styleMask:NSTitledWindowMask
+                                                backing:NSBackingStoreBuffered
+                                                  defer:NO])
+    {
+        [window_ setReleasedWhenClosed:NO];
+        CGFloat y = 380;
+        for (NSPopUpButton*& popUp : popUps_) {
+            popUp = add([[NSPopUpButton alloc] initWithFrame:NSMakeRect(20, y, 300, 24)
+                                                   pullsDown:NO]);
+            [popUp addItemsWithTitles:@[ @"12 mm tape", @"24 mm tape" ]];
+            y -= 30;
+        }
+        for (NSTextField*& text : texts_) {
+            text = add([[NSTextField alloc] initWithFrame:NSMakeRect(20, y, 300, 20)]);
+            [text setEditable:NO];
+            [text setBordered:NO];
+            [text setDrawsBackground:YES];
+            y -= 30;
+        }
+        picture_ = add([[BarePicture alloc] initWithFrame:NSMakeRect(340, 200, 240, 60)]);
+        [window_ orderFront:nil];
+        [window_ display];
+    }
+    ~BareWindow() { [window_ release]; }
+    BareWindow(const BareWindow&) = delete;
+    BareWindow& operator=(const BareWindow&) = delete;
+
+    void showAnother() const
+    {
+        const NSInteger other = 1 - [popUps_[0] indexOfSelectedItem];
+        // One at a time, or all that lies between the two is drawn as well.
+        for (NSPopUpButton* popUp : popUps_) {
+            [popUp selectItemAtIndex:other];
+            [window_ displayIfNeeded];
+        }
+        for (NSTextField* text : texts_)
+            [text setStringValue:other == 0 ? @"Tape used 100.0 mm" : @"Tape used 40.0 mm"];
+        [picture_ setNeedsDisplay:YES];
+        [window_ displayIfNeeded];
+        [window_ flushWindow];
+    }
+
+  private:
+    template <typename View>
+    View* add(View* view) const
+    {
+        [[window_ contentView] addSubview:view];
+        [view release];
+        return view;
+    }
+
+    NSWindow* window_;
+    std::array<NSPopUpButton*, 2> popUps_{};
+    std::array<NSTextField*, 3> texts_{};
+    BarePicture* picture_ = nil;
+};
+
+void measureBareTape(Meter& meter, const Running& running, const std::string& at)
+{
+    const BareWindow bare;
+    meter.measure(
+        "another tape, bare" + at,
+        [&] {
+            const Pool pool;
+            bare.showAnother();
+        }, nullptr, [&] { running.rest(); });
+}
+
 // Opened, drawn, and closed by Escape, which waits for it already.
 void measureList(Meter& meter, const Running& running, const std::string& at)
 {
@@ -193,5 +310,6 @@ int main(int argc, char** argv, char** environment)
     bench::measureTape(meter, running, at);
     bench::measureList(meter, running, at);
     bench::measurePrinter(meter, running, at);
+    bench::measureBareTape(meter, running, at);
     return 0;
 }
