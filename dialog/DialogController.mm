@@ -98,6 +98,8 @@ constexpr NSTimeInterval kListingInterval = 0.1;
     [[window_ window] center];
     [NSApp activateIgnoringOtherApps:YES];
     [[window_ window] makeKeyAndOrderFront:nil];
+    // With the mark of the keyboard, before what was needed to open the panel is tidied up.
+    [[window_ window] displayIfNeeded];
     [self performSelector:@selector(windowWasShown:) withObject:nil afterDelay:kShownDelay];
 }
 

@@ -150,7 +150,7 @@ NSPopUpButton* openPopUpIn(NSView* view)
         [[ListKeepingWindow alloc] initWithContentRect:NSMakeRect(0, 0, 560, 400)
                                              styleMask:NSTitledWindowMask | NSClosableWindowMask
                                                backing:NSBackingStoreBuffered
-                                                 defer:NO];
+                                                 defer:YES];
     [window_ setReleasedWhenClosed:NO];
     [window_ setTitle:dialog::localized("Print Label")];
     [window_ setDelegate:(id)controller];

@@ -38,6 +38,19 @@ NSString* pathInLibraries(id bundles, SEL command, NSString* name, NSString* typ
     return path.empty() ? nil : toNSString(path);
 }
 
+using BundleSearch = NSString* (*)(id, SEL, NSString*, NSString*, NSString*, NSBundle*);
+BundleSearch bundleSearchOfToolkit = nullptr;
+
+// The program has no pictures for the toolkit; what else lies in the folder where it is installed
+// are a thousand other programs.
+NSString* pathInBundle(id bundle, SEL command, NSString* name, NSString* type, NSString* folder,
+                       NSBundle* searched)
+{
+    return searched == [NSBundle mainBundle]
+               ? nil
+               : bundleSearchOfToolkit(bundle, command, name, type, folder, searched);
+}
+
 } // namespace
 
 void findPicturesAtOnce()
@@ -47,6 +60,12 @@ void findPicturesAtOnce()
     if (method != nullptr && searchOfToolkit == nullptr) {
         searchOfToolkit = reinterpret_cast<Search>(
             method_setImplementation(method, reinterpret_cast<IMP>(&pathInLibraries)));
+    }
+    const Method inBundle = class_getInstanceMethod(
+        [NSBundle class], sel_registerName("_pathForImageNamed:ofType:subdirectory:inBundle:"));
+    if (inBundle != nullptr && bundleSearchOfToolkit == nullptr) {
+        bundleSearchOfToolkit = reinterpret_cast<BundleSearch>(
+            method_setImplementation(inBundle, reinterpret_cast<IMP>(&pathInBundle)));
     }
 }
 

@@ -7,7 +7,7 @@
 
 namespace dialog {
 
-// As long as one lives, the toolkit's shortest sleeps are a twentieth as long.  Who sleeps so
+// As long as one lives, the toolkit's shortest sleeps are a hundredth as long.  Who sleeps so
 // looks again afterwards, and goes by the clock to give up.
 class ShortSleep
 {

@@ -9,7 +9,7 @@ namespace dialog {
 namespace {
 
 constexpr NSTimeInterval kShortest = 0.01; // longer ones wait for more than an answer
-constexpr double kPart = 0.05;
+constexpr double kPart = 0.01;
 
 using Sleep = void (*)(id, SEL, NSDate*);
 Sleep sleepOfToolkit = nullptr;

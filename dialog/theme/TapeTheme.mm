@@ -833,6 +833,13 @@ void useTheme(Appearance appearance)
     TapeTheme* const theme = [[TapeTheme alloc] initWithBundle:nil];
     [GSTheme setTheme:theme];
     [theme release];
+    // That its lists of colours have changed every window would hear after it has drawn itself in
+    // them, and draw itself again.
+    [[NSNotificationQueue defaultQueue]
+        dequeueNotificationsMatching:[NSNotification
+                                         notificationWithName:NSColorListDidChangeNotification
+                                                       object:nil]
+                        coalesceMask:NSNotificationCoalescingOnName];
 }
 
 } // namespace dialog
