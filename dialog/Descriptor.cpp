@@ -14,6 +14,12 @@ Descriptor::~Descriptor()
     }
 }
 
+Descriptor& Descriptor::operator=(Descriptor&& other) noexcept
+{
+    std::swap(number_, other.number_);
+    return *this;
+}
+
 int Descriptor::release() noexcept
 {
     return std::exchange(number_, -1);

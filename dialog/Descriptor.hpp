@@ -11,6 +11,8 @@ class Descriptor
     // Takes over `number`; below 0 it is none.
     explicit Descriptor(int number) noexcept : number_(number) {}
     ~Descriptor();
+    Descriptor(Descriptor&& other) noexcept : number_(other.release()) {}
+    Descriptor& operator=(Descriptor&& other) noexcept;
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <optional>
 #include <utility>
 
 #include <fcntl.h>
@@ -112,7 +113,7 @@ PPDFile::~PPDFile()
 
 PPDFile::PPDFile(PPDFile&& other) noexcept
     : record_(std::exchange(other.record_, nullptr)), name_(std::move(other.name_)),
-      bytes_(std::move(other.bytes_))
+      text_(std::move(other.text_))
 {
 }
 
@@ -120,7 +121,7 @@ PPDFile& PPDFile::operator=(PPDFile&& other) noexcept
 {
     std::swap(record_, other.record_);
     std::swap(name_, other.name_);
-    std::swap(bytes_, other.bytes_);
+    std::swap(text_, other.text_);
     return *this;
 }
 
@@ -158,14 +159,15 @@ PPDFile PPDFile::fromBytes(std::string_view name, std::string_view bytes, Failur
     }
     ppdMarkDefaults(file.record_);
     file.name_ = name;
-    file.bytes_ = bytes;
+    file.text_ = KeptText(bytes);
     return file;
 }
 
 PPDFile PPDFile::reopened() const
 {
-    Failure unlikely; // these bytes have been opened once
-    return record_ == nullptr ? PPDFile() : fromBytes(name_, bytes_, unlikely);
+    const std::optional<std::string> text = text_.text();
+    Failure unlikely; // this text has been opened once
+    return record_ == nullptr || !text ? PPDFile() : fromBytes(name_, *text, unlikely);
 }
 
 PPDFile PPDFile::fromPath(const std::string& path, Failure& failure)

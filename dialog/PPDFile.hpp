@@ -3,6 +3,7 @@
 // Owns the libcups record.  The defaults are marked on opening.
 #pragma once
 
+#include "dialog/KeptText.hpp"
 #include "dialog/Messages.hpp"
 
 #include <cups/ppd.h>
@@ -28,7 +29,8 @@ class PPDFile
     static PPDFile fromBytes(std::string_view name, std::string_view bytes, Failure& failure);
     static PPDFile fromPath(const std::string& path, Failure& failure);
 
-    // The same PPD as it was before anything was marked or set; none when there is none.
+    // The same PPD as it was before anything was marked or set; none when there is none, or when
+    // its text cannot be had any more.
     PPDFile reopened() const;
 
     // nullptr when there is no PPD.
@@ -54,7 +56,7 @@ class PPDFile
     // The page sizes that PageSize offers, in the PPD's order.
     std::vector<Size> sizes() const;
     // How long the PPD's text is.
-    std::size_t bytes() const noexcept { return bytes_.size(); }
+    std::size_t bytes() const noexcept { return text_.size(); }
     // The model's name for people; empty without one.
     std::string modelName() const;
 
@@ -63,7 +65,7 @@ class PPDFile
 
     ppd_file_t* record_ = nullptr;
     std::string name_;
-    std::string bytes_;
+    KeptText text_;
 };
 
 // Whether the option lists the choice; one that takes several has them with commas between, or
