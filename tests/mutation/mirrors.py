@@ -1,5 +1,6 @@
-"""The tests of a shell that do not bear its name."""
+"""Tests that do not bear the name of what they test."""
 
+# The tests of a shell.
 MIRRORS = {
     "pagesettings/PageSettingPDE.mm": "PanelCore_test",
     "pagesettings/PageSettingPDE+initialize.mm": "Initialize_test",
@@ -13,4 +14,16 @@ MIRRORS = {
     "diagnostics/MessageOutput.mm": "DebugLog_test",
     "textentry/PDEFormatter.mm": "Formatter_test",
     "textentry/PDETextField.mm": "TextField_test",
+}
+
+# What the tests of rules test.
+TESTED = {
+    "DialogLayout_test": "dialog/Layout.cpp",
+    "KeystrokeSweep_test": "textentry/KeystrokeRules.cpp",
+    "Language_test": "dialog/language/Language.cpp",
+    "NumberLocale_test": "textentry/PDEFormatter.mm",
+    "PrintServer_test": "dialog/PrintServer.cpp",
+    "SavingSweep_test": "pagesettings/Saving.cpp",
+    "SummarySweep_test": "pagesettings/SummaryLines.cpp",
+    "ValidationSweep_test": "pagesettings/Validation.cpp",
 }
