@@ -262,6 +262,36 @@ void measureList(Meter& meter, const Running& running, const std::string& at)
         }, [&] { running.rest(); });
 }
 
+// What the toolkit's window costs of it, with an empty view to scroll.
+void measureBareList(Meter& meter, const Running& running, const std::string& at)
+{
+    meter.measure(
+        "list, bare" + at,
+        [&] {
+            const Pool pool;
+            NSWindow* const window =
+                [[NSWindow alloc] initWithContentRect:NSMakeRect(100, 100, 300, 400)
+                                            styleMask:NSBorderlessWindowMask
+                                              backing:NSBackingStoreBuffered
+                                                defer:NO];
+            [window setReleasedWhenClosed:NO];
+            [window setLevel:NSPopUpMenuWindowLevel];
+            NSScrollView* const scroll =
+                [[NSScrollView alloc] initWithFrame:NSMakeRect(1, 1, 298, 398)];
+            [scroll setHasVerticalScroller:YES];
+            NSView* const rows = [[NSView alloc] initWithFrame:NSMakeRect(0, 0, 280, 2000)];
+            [scroll setDocumentView:rows];
+            [[window contentView] addSubview:scroll];
+            [window orderFront:nil];
+            [window displayIfNeeded];
+            [window flushWindow];
+            [window orderOut:nil];
+            [rows release];
+            [scroll release];
+            [window release];
+        }, nullptr, [&] { running.rest(); });
+}
+
 void measurePrinter(Meter& meter, const Running& running, const std::string& at)
 {
     NSPopUpButton* const printers = [running.window() printerPopUp];
@@ -311,5 +341,6 @@ int main(int argc, char** argv, char** environment)
     bench::measureList(meter, running, at);
     bench::measurePrinter(meter, running, at);
     bench::measureBareTape(meter, running, at);
+    bench::measureBareList(meter, running, at);
     return 0;
 }

@@ -330,7 +330,20 @@ void measureMemory(const Stage& stage)
     std::exit(0);
 }
 
-// The panel, with the keyboard in one of its controls, for whoever types from outside.
+// A view, with the keyboard in one of its controls, for whoever types from outside.
+[[noreturn]] void letType(const Stage& stage, id control)
+{
+    [stage.window() makeFirstResponder:control];
+    for (;;) {
+        const Pool pool;
+        [NSApp sendEvent:[NSApp nextEventMatchingMask:NSAnyEventMask
+                                            untilDate:[NSDate distantFuture]
+                                               inMode:NSDefaultRunLoopMode
+                                              dequeue:YES]];
+        stage.draw();
+    }
+}
+
 [[noreturn]] void showPanel(const char* control)
 {
     printing::askWindowServerLess();
@@ -340,15 +353,17 @@ void measureMemory(const Stage& stage)
     const Stage stage;
     std::optional<Panel> panel;
     open(panel, dialog, stage);
-    [stage.window() makeFirstResponder:panel->control(control)];
-    for (;;) {
-        const Pool pool;
-        [NSApp sendEvent:[NSApp nextEventMatchingMask:NSAnyEventMask
-                                            untilDate:[NSDate distantFuture]
-                                               inMode:NSDefaultRunLoopMode
-                                              dequeue:YES]];
-        stage.draw();
-    }
+    letType(stage, panel->control(control));
+}
+
+// The same controls with nothing behind them.
+[[noreturn]] void showBareControl(const char* control)
+{
+    [NSApplication sharedApplication];
+    const Stage stage;
+    std::optional<BareView> bare;
+    openBare(bare, stage);
+    letType(stage, bare->control(control));
 }
 
 void measure(Meter& meter, const Stage& stage, Size size)
@@ -369,7 +384,7 @@ void measure(Meter& meter, const Stage& stage, Size size)
 } // namespace
 } // namespace bench
 
-// bench_panel bare | field | choice | memory | SIZES CHOICES ...
+// bench_panel bare | [bare-]field | [bare-]choice | memory | SIZES CHOICES ...
 int main(int argc, char** argv, char** environment)
 {
     const bench::Pool pool;
@@ -382,6 +397,10 @@ int main(int argc, char** argv, char** environment)
         bench::showPanel("mLengthTxFld");
     if (argc == 2 && std::strcmp(argv[1], "choice") == 0)
         bench::showPanel("mCompressRdBtn");
+    if (argc == 2 && std::strcmp(argv[1], "bare-field") == 0)
+        bench::showBareControl("mLengthTxFld");
+    if (argc == 2 && std::strcmp(argv[1], "bare-choice") == 0)
+        bench::showBareControl("mCompressRdBtn");
     [NSApplication sharedApplication];
     bench::loadedBundle();
     const bench::Stage stage;
