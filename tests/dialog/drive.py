@@ -175,6 +175,7 @@ class Dialog:
     def choose(self, name, title):
         """Picks from a pop-up that shows what was chosen."""
         self.pick(name, title)
+        wait_for(lambda: not self.all("item"), "{} to close".format(name))
         self.wait(name, title)
 
     def type_into(self, control, text, key="Tab"):
