@@ -5,6 +5,7 @@
         wrong = mutant.text                   # the whole source with that change
 
 Comparisons, sums, conditions, numbers, truth values, and calls and assignments left out.
+coarse_mutants_of makes ruder ones: texts, what is returned, comparisons of objects.
 """
 
 import collections
@@ -138,3 +139,61 @@ def mutants_of(path, arguments):
     for mutant in tokens(source):
         found.setdefault(mutant.text, mutant)
     return sorted(found.values(), key=lambda m: (m.line, m.change))
+
+
+def objects_compared(source, cursor):
+    """== and its like where a class defines them, so that they are calls."""
+    if cursor.kind != CursorKind.CALL_EXPR or not cursor.spelling.startswith("operator"):
+        return
+    sign = cursor.spelling.removeprefix("operator")
+    start, end = span(cursor)
+    for token in cursor.get_tokens():
+        at, behind = token.extent.start.offset, token.extent.end.offset
+        if token.spelling == sign and start < at < end:
+            for other in INSTEAD.get(sign, ()):
+                yield source.mutant(at, behind, other,
+                                    '"{}" becomes "{}"'.format(sign, other))
+
+
+def returned(source, cursor):
+    if cursor.kind != CursorKind.RETURN_STMT:
+        return
+    for value in cursor.get_children():
+        start, end = span(value)
+        if source.text(start, end) not in ("{}", ""):
+            yield source.mutant(start, end, "{}", "{} is returned")
+
+
+def texts(source):
+    for token in source.unit.get_tokens(extent=source.unit.cursor.extent):
+        start, end = token.extent.start.offset, token.extent.end.offset
+        before = source.text(source.bytes.rfind(b"\n", 0, start) + 1, start)
+        if token.kind != TokenKind.LITERAL or "#" in before or "static_assert" in before:
+            continue
+        if token.spelling.endswith('"'):
+            yield source.mutant(end - 1, end - 1, "?", "a text gets a question mark more")
+        elif token.spelling.endswith("'"):
+            yield source.mutant(start, end, "'\\x7f'", "another character")
+
+
+def coarse_mutants_of(path, arguments):
+    """In the order of the source; none that mutants_of makes."""
+    source = Source(path, arguments)
+    fine = {mutant.text for mutant in mutants_of(path, arguments)}
+    found = {}
+
+    def visit(cursor):
+        if cursor.kind in OUTSIDE:
+            return
+        if cursor.kind != CursorKind.TRANSLATION_UNIT and not source.here(cursor):
+            return
+        for mutant in (*objects_compared(source, cursor), *returned(source, cursor)):
+            found.setdefault(mutant.text, mutant)
+        for child in cursor.get_children():
+            visit(child)
+
+    visit(source.unit.cursor)
+    for mutant in texts(source):
+        found.setdefault(mutant.text, mutant)
+    return sorted((mutant for text, mutant in found.items() if text not in fine),
+                  key=lambda m: (m.line, m.change))

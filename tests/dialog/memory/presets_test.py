@@ -123,7 +123,7 @@ def the_last_values_come_back_with_the_printer_and_tape_they_were_used_with():
             dialog.wait(FIELD, "40.0", LENGTH)
             job = print_it(dialog)
             equal((job["PageSize"], job["VnTapeLength"], job["Resolution"], job["copies"]),
-                  (job["PageSize"], "40.0", "300x600dpi", "2"), "job")
+                  ("Custom.12x40mm", "40.0", "300x600dpi", "2"), "job")
         with room.dialog("resolution") as dialog:
             dialog.wait(FIELD, "40.0", LENGTH)
             dialog.wait("Copies", "1")
