@@ -336,8 +336,6 @@ constexpr NSTimeInterval kListingInterval = 0.1;
         [self report:dialog::noSuchPaper(name, printers_[current_].name)];
         return;
     }
-    // The toolkit draws all that lies between two controls that have changed: the pop-up alone.
-    [[window_ window] displayIfNeeded];
     [loaded_ optionDidChange:@"PageSize" choice:dialog::toNSString(name)];
     [[loaded_ panel] updateUI];
     [preview_ refresh];

@@ -12,4 +12,8 @@ namespace dialog {
 // Any number of titles is for a LongPopUp.
 void fillPopUp(NSPopUpButton* popUp, const std::vector<std::string>& titles);
 
+// Another title for an item of a pop-up whose list is not open.  What the closed pop-up shows is
+// not changed: synchronizeTitleAndSelectedItem does that.
+void retitle(NSMenuItem* item, NSString* title);
+
 } // namespace dialog

@@ -35,4 +35,17 @@ void fillPopUp(NSPopUpButton* popUp, const std::vector<std::string>& titles)
     }
 }
 
+// A menu that hears of another title measures all its rows at once, though nobody sees them.
+void retitle(NSMenuItem* item, NSString* title)
+{
+    NSMenu* const menu = [item menu];
+    NSMenuView* const rows = [menu menuRepresentation];
+    [item setMenu:nil];
+    [item setTitle:title];
+    [item setMenu:menu];
+    [[rows menuItemCellForItemAtIndex:[menu indexOfItem:item]] setNeedsSizing:YES];
+    [rows setNeedsSizing:YES];
+    [rows setNeedsDisplay:YES];
+}
+
 } // namespace dialog

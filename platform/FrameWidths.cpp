@@ -10,6 +10,8 @@ constexpr int kKeyRelease = 3;
 constexpr int kButtonPress = 4;
 constexpr int kLeaveNotify = 8; // after ButtonRelease, MotionNotify and EnterNotify
 constexpr int kVisibilityNotify = 15;
+// From here on the extensions have theirs: pictures that have arrived, keyboards, screens.
+constexpr int kFirstOfExtensions = 64;
 
 // Windows come and go; who has more than this open does not wait for frames.
 constexpr std::size_t kMostKept = 32;
@@ -18,7 +20,8 @@ constexpr std::size_t kMostKept = 32;
 
 bool leavesFrames(int eventType) noexcept
 {
-    return eventType >= kKeyPress && eventType <= kVisibilityNotify;
+    return (eventType >= kKeyPress && eventType <= kVisibilityNotify) ||
+           eventType >= kFirstOfExtensions;
 }
 
 bool isTypingAfter(int eventType, bool before) noexcept

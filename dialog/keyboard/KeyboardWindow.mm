@@ -164,6 +164,15 @@ char32_t characterOf(NSEvent* event)
     return made;
 }
 
+// The toolkit gives each control to the screen by itself as soon as it is drawn.
+- (void)displayIfNeeded
+{
+    [self disableFlushWindow];
+    [super displayIfNeeded];
+    [self enableFlushWindow];
+    [self flushWindowIfNeeded];
+}
+
 - (BOOL)performKeyEquivalent:(NSEvent*)event
 {
     const NSUInteger modifiers = [event modifierFlags];

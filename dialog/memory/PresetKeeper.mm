@@ -1,5 +1,6 @@
 #include "dialog/memory/PresetKeeper.h"
 
+#include "dialog/PopUp.h"
 #include "dialog/Text.h"
 #include "dialog/Translate.hpp"
 #include "dialog/UserFolders.hpp"
@@ -189,9 +190,9 @@ constexpr NSTimeInterval kAlertInterval = 0.1; // between looks whether an alert
     if (std::equal(entries.begin(), entries.end(), entries_.begin(), entries_.end(),
                    [&](const auto& a, const auto& b) { return isLine(a) == isLine(b); })) {
         for (std::size_t i = 0; i < entries.size(); ++i) {
-            const id<NSMenuItem> item = [popUp_ itemAtIndex:static_cast<NSInteger>(i)];
+            NSMenuItem* const item = (NSMenuItem*)[popUp_ itemAtIndex:static_cast<NSInteger>(i)];
             if (entries[i].title != entries_[i].title) {
-                [item setTitle:dialog::toNSString(entries[i].title)];
+                dialog::retitle(item, dialog::toNSString(entries[i].title));
             }
             if (!isLine(entries[i])) {
                 [item setEnabled:entries[i].enabled];

@@ -2,32 +2,40 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <cstring>
 
 namespace dialog {
 
 namespace {
 
-// What 0 to 255 ink leaves of a colour's part, to the nearest.
-std::array<std::uint8_t, 256> faded(std::uint8_t part)
+using Pixel = std::array<std::uint8_t, 4>;
+
+// What 0 to 255 ink leaves of a part of a colour, to the nearest.
+std::uint8_t faded(std::uint8_t part, unsigned ink)
 {
-    std::array<std::uint8_t, 256> left{};
-    for (unsigned ink = 0; ink < left.size(); ++ink) {
-        left[ink] = static_cast<std::uint8_t>((part * (255 - ink) + 127) / 255);
-    }
-    return left;
+    return static_cast<std::uint8_t>((part * (255 - ink) + 127) / 255);
 }
 
-struct Fading
+// A colour under 0 to 255 ink.
+std::array<Pixel, 256> inked(const Color& color)
 {
-    explicit Fading(const Color& color)
-        : red(faded(color.red)), green(faded(color.green)), blue(faded(color.blue))
-    {
+    std::array<Pixel, 256> pixels{};
+    for (unsigned ink = 0; ink < pixels.size(); ++ink) {
+        pixels[ink] = {faded(color.red, ink), faded(color.green, ink), faded(color.blue, ink), 255};
     }
+    return pixels;
+}
 
-    std::array<std::uint8_t, 256> red;
-    std::array<std::uint8_t, 256> green;
-    std::array<std::uint8_t, 256> blue;
-};
+// Ink from `from` to `end`, drawn at `to`; where the next pixel goes.
+std::uint8_t* put(const std::array<Pixel, 256>& on, const std::uint8_t* from,
+                  const std::uint8_t* end, std::uint8_t* to)
+{
+    for (; from < end; ++from, to += sizeof(Pixel)) {
+        std::memcpy(to, &on[*from], sizeof(Pixel));
+    }
+    return to;
+}
 
 } // namespace
 
@@ -38,23 +46,18 @@ std::vector<std::uint8_t> inkOnTape(const std::vector<std::uint8_t>& ink, int co
         ink.size() != static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows)) {
         return {};
     }
-    const Fading onTape(tape);
-    const Fading onEdge(edge);
-    std::vector<std::uint8_t> pixels(ink.size() * 4);
-    const std::uint8_t* from = ink.data();
+    const std::array<Pixel, 256> onTape = inked(tape);
+    const std::array<Pixel, 256> onEdge = inked(edge);
+    std::vector<std::uint8_t> pixels(ink.size() * sizeof(Pixel));
     std::uint8_t* to = pixels.data();
     for (int y = 0; y < rows; ++y) {
         const bool isEdgeRow = std::min(y, rows - 1 - y) < edgeWidth;
-        for (int x = 0; x < columns; ++x) {
-            const bool isEdge = isEdgeRow || std::min(x, columns - 1 - x) < edgeWidth;
-            const Fading& beneath = isEdge ? onEdge : onTape;
-            to[0] = beneath.red[*from];
-            to[1] = beneath.green[*from];
-            to[2] = beneath.blue[*from];
-            to[3] = 255;
-            ++from;
-            to += 4;
-        }
+        const int left = isEdgeRow ? columns : std::clamp(edgeWidth, 0, columns);
+        const int right = std::max(left, columns - std::max(edgeWidth, 0));
+        const std::uint8_t* const row = ink.data() + static_cast<std::ptrdiff_t>(y) * columns;
+        to = put(onEdge, row, row + left, to);
+        to = put(onTape, row + left, row + right, to);
+        to = put(onEdge, row + right, row + columns, to);
     }
     return pixels;
 }

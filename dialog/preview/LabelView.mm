@@ -231,9 +231,9 @@ NSBitmapImageRep* newPicture(const std::vector<std::uint8_t>& pixels, int column
     const CGFloat line = dialog::thinLine(self);
     const CGFloat top = layout_->rulerTop;
     const NSRect tape = toRect(layout_->tape);
-    dialog::fillRect(
-        dialog::onPixels(NSMakeRect(NSMinX(tape), top, NSWidth(tape) + line, line), self),
-        dialog::Role::Border);
+    const dialog::PixelGrid grid(self);
+    dialog::fillRect(grid.snapped(NSMakeRect(NSMinX(tape), top, NSWidth(tape) + line, line)),
+                     dialog::Role::Border);
     NSDictionary* const attributes = @{
         NSFontAttributeName : [NSFont systemFontOfSize:kNumberSize],
         NSForegroundColorAttributeName : dialog::themeColor(dialog::Role::TextDisabled)
@@ -242,8 +242,7 @@ NSBitmapImageRep* newPicture(const std::vector<std::uint8_t>& pixels, int column
     NSBezierPath* const ticks = [NSBezierPath bezierPath];
     for (const dialog::Tick& tick : layout_->ticks) {
         const CGFloat height = tick.kind == dialog::TickKind::Major ? kMajorTick : kMinorTick;
-        [ticks
-            appendBezierPathWithRect:dialog::onPixels(NSMakeRect(tick.x, top, line, height), self)];
+        [ticks appendBezierPathWithRect:grid.snapped(NSMakeRect(tick.x, top, line, height))];
     }
     [dialog::themeColor(dialog::Role::Border) set];
     [ticks fill];

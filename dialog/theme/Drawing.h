@@ -23,7 +23,22 @@ CGFloat pixelsPerPoint(NSView* view);
 // The width of a thin line in the view.
 CGFloat thinLine(NSView* view);
 
-// The rectangle with its edges moved to the nearest whole pixels.
+// Where a view's points come to lie on the window's pixels.  Valid while the view stays where it
+// is.
+class PixelGrid
+{
+  public:
+    explicit PixelGrid(NSView* view);
+    // The rectangle with its edges moved to the nearest whole pixels.
+    NSRect snapped(NSRect rect) const;
+
+  private:
+    NSPoint origin_ = {0, 0}; // of the view, in pixels of the window
+    NSSize scale_ = {1, 1};   // pixels in a point; the height is negative where y grows downwards
+    bool isInWindow_;
+};
+
+// One rectangle; for many of a view make the grid once.
 NSRect onPixels(NSRect rect, NSView* view);
 
 void fillRect(NSRect rect, Role role);

@@ -4,6 +4,7 @@
 #include "dialog/theme/TapeTheme.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace dialog {
 
@@ -46,17 +47,32 @@ CGFloat thinLine(NSView* view)
     return hairline(pixelsPerPoint(view));
 }
 
-NSRect onPixels(NSRect rect, NSView* view)
+PixelGrid::PixelGrid(NSView* view) : isInWindow_([view window] != nil)
 {
-    if ([view window] == nil) {
+    if (isInWindow_) {
+        origin_ = [view convertPoint:NSZeroPoint toView:nil];
+        const bool isDownwards = [view convertPoint:NSMakePoint(0, 1) toView:nil].y < origin_.y;
+        const NSSize size = [view convertSize:NSMakeSize(1, 1) toView:nil];
+        scale_ = NSMakeSize(std::abs(size.width), std::abs(size.height) * (isDownwards ? -1 : 1));
+    }
+}
+
+NSRect PixelGrid::snapped(NSRect rect) const
+{
+    if (!isInWindow_) {
         return NSIntegralRect(rect);
     }
-    const NSRect base = [view convertRect:rect toView:nil];
-    const CGFloat left = round(NSMinX(base));
-    const CGFloat bottom = round(NSMinY(base));
-    const NSRect snapped =
-        NSMakeRect(left, bottom, round(NSMaxX(base)) - left, round(NSMaxY(base)) - bottom);
-    return [view convertRect:snapped fromView:nil];
+    const CGFloat left = round(NSMinX(rect) * scale_.width + origin_.x);
+    const CGFloat right = round(NSMaxX(rect) * scale_.width + origin_.x);
+    const CGFloat low = round(NSMinY(rect) * scale_.height + origin_.y);
+    const CGFloat high = round(NSMaxY(rect) * scale_.height + origin_.y);
+    return NSMakeRect((left - origin_.x) / scale_.width, (low - origin_.y) / scale_.height,
+                      (right - left) / scale_.width, (high - low) / scale_.height);
+}
+
+NSRect onPixels(NSRect rect, NSView* view)
+{
+    return PixelGrid(view).snapped(rect);
 }
 
 void fillRect(NSRect rect, Role role)

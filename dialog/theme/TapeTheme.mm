@@ -328,6 +328,13 @@ void drawPopUpButton(id self, SEL, NSRect frame, NSView* view)
     }
 }
 
+// The toolkit draws all that lies behind a control that lets it through, and all between two of
+// them.  With a border it is drawn on the window's colour, and nothing shines through.
+BOOL isPopUpOpaque(id self, SEL)
+{
+    return [(NSPopUpButtonCell*)self isBordered];
+}
+
 // What the keyboard acts on: a field itself, not the editor that all fields of a window share.
 NSView* focusedView(NSWindow* window)
 {
@@ -392,6 +399,7 @@ void replaceDrawingMethods()
         replaceMethod([NSWindow class], @selector(makeFirstResponder:), &makeFirstResponder);
     replaceMethod([NSButtonCell class], @selector(textColor), &buttonTextColor);
     replaceMethod([NSPopUpButtonCell class], @selector(drawWithFrame:inView:), &drawPopUpButton);
+    replaceMethod([NSPopUpButtonCell class], @selector(isOpaque), &isPopUpOpaque);
 }
 
 } // namespace

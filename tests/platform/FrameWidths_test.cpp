@@ -22,6 +22,8 @@ constexpr int kReparentNotify = 21;
 constexpr int kConfigureNotify = 22;
 constexpr int kPropertyNotify = 28;
 constexpr int kClientMessage = 33;
+constexpr int kGenericEvent = 35;
+constexpr int kFirstOfExtensions = 64;
 
 constexpr FrameWidths kWidths{1, 2, 20, 5};
 
@@ -74,10 +76,11 @@ TEST(FrameWidthsKept, KeepsNothingOfNoWindow)
     EXPECT_EQ(kept.find(0, 1), nullptr);
 }
 
-TEST(FrameWidthsKept, OutlivesKeysMouseFocusAndDrawing)
+TEST(FrameWidthsKept, OutlivesKeysMouseFocusDrawingAndWhatExtensionsTell)
 {
-    for (const int event : {kKeyPress, kKeyRelease, kButtonPress, kButtonRelease, kMotionNotify,
-                            kEnterNotify, kLeaveNotify, kFocusIn, kExpose, kVisibilityNotify}) {
+    for (const int event :
+         {kKeyPress, kKeyRelease, kButtonPress, kButtonRelease, kMotionNotify, kEnterNotify,
+          kLeaveNotify, kFocusIn, kExpose, kVisibilityNotify, kFirstOfExtensions, 65, 90, 127}) {
         FrameWidthsKept kept;
         kept.keep(7, 1, kWidths);
         kept.eventCame(event);
@@ -89,8 +92,9 @@ TEST(FrameWidthsKept, OutlivesKeysMouseFocusAndDrawing)
 
 TEST(FrameWidthsKept, EndsWithEveryEventThatMayChangeAFrame)
 {
-    for (const int event : {0, 1, kCreateNotify, kMapNotify, kReparentNotify, kConfigureNotify,
-                            kPropertyNotify, kClientMessage, 90}) {
+    for (const int event :
+         {0, 1, kCreateNotify, kMapNotify, kReparentNotify, kConfigureNotify, kPropertyNotify,
+          kClientMessage, kGenericEvent, kFirstOfExtensions - 1}) {
         FrameWidthsKept kept;
         kept.keep(7, 1, kWidths);
         kept.eventCame(event);

@@ -22,6 +22,21 @@
 @interface TwoRows : NSObject
 @end
 
+// Counts how often it is drawn.
+@interface Background : NSView
+{
+  @public
+    int drawings_;
+}
+@end
+
+@implementation Background
+- (void)drawRect:(NSRect)rect
+{
+    ++drawings_;
+}
+@end
+
 @implementation TwoRows
 - (NSInteger)numberOfRowsInTableView:(NSTableView*)table
 {
@@ -487,6 +502,34 @@ TEST_P(Theme, TakesTheFocusOffAFieldThatTabLeaves)
     ASSERT_EQ([controls.window firstResponder], (NSResponder*)controls.slider);
     EXPECT_EQ(Picture(controls).count([controls.field frame], role(Role::Focus)), 0);
     EXPECT_EQ(Picture(controls).besideLeftEdge([controls.field frame], 0), role(Role::Border));
+}
+
+TEST_P(Theme, DrawsNothingBehindAPopUpThatShowsAnotherTitle)
+{
+    Background* const behind =
+        [[[Background alloc] initWithFrame:NSMakeRect(0, 0, 400, 300)] autorelease];
+    NSPopUpButton* const bordered =
+        [[[NSPopUpButton alloc] initWithFrame:NSMakeRect(20, 200, 200, 24)
+                                    pullsDown:NO] autorelease];
+    NSPopUpButton* const bare = [[[NSPopUpButton alloc] initWithFrame:NSMakeRect(20, 20, 200, 24)
+                                                            pullsDown:NO] autorelease];
+    [[bare cell] setBordered:NO];
+    for (NSPopUpButton* popUp : {bordered, bare}) {
+        [popUp addItemsWithTitles:@[ @"First", @"Second" ]];
+        [behind addSubview:popUp];
+    }
+    Controls controls;
+    [controls.content addSubview:behind];
+    [controls.window display];
+    behind->drawings_ = 0;
+    [bordered selectItemAtIndex:1];
+    [controls.window displayIfNeeded];
+    EXPECT_EQ(behind->drawings_, 0);
+    // Without a border it is nothing but a text.
+    [bare selectItemAtIndex:1];
+    [controls.window displayIfNeeded];
+    EXPECT_EQ(behind->drawings_, 1);
+    [behind removeFromSuperview];
 }
 
 TEST_P(Theme, GivesTheToolkitsColoursToWhateverAsksForThem)
