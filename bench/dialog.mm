@@ -6,6 +6,7 @@
 #include "dialog/OwnPasteboard.h"
 #include "dialog/longlist/LongPopUp.h"
 #include "dialog/preview/ControlActions.h"
+#include "dialog/start/QuickHash.h"
 #include "dialog/theme/DesktopSettings.hpp"
 #include "dialog/theme/TapeTheme.h"
 #include "platform/WindowServer.h"
@@ -315,6 +316,7 @@ int main(int argc, char** argv, char** environment)
 {
     const bench::Pool pool;
     [NSProcessInfo initializeWithArguments:argv count:1 environment:environment];
+    dialog::keepHashesOfConstantTexts();
     [[NSUserDefaults standardUserDefaults] registerDefaults:@{@"GSSuppressAppIcon" : @"YES"}];
     if (argc < 3)
         bench::giveUp("usage: bench_dialog ROW-ENDING PPD PPD | ROW-ENDING QUEUE");

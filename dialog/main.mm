@@ -16,6 +16,7 @@
 #include "dialog/start/Fonts.hpp"
 #include "dialog/start/InputMethod.h"
 #include "dialog/start/Pictures.h"
+#include "dialog/start/QuickHash.h"
 #include "dialog/start/ShortSleep.h"
 #include "dialog/theme/DesktopSettings.hpp"
 #include "dialog/theme/TapeTheme.h"
@@ -122,6 +123,7 @@ int main(int argc, char** argv, char** environment)
         dialog::beginReadingFonts();
     }
     dialog::beginToolkit(environment);
+    dialog::keepHashesOfConstantTexts();
     NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
     setUpToolkit(language);
     if (dialog::taskOf(line) != dialog::Task::Window) {
