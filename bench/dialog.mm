@@ -2,14 +2,14 @@
 #include "bench/LabelPrinter.hpp"
 #include "bench/Meter.hpp"
 #include "dialog/DialogController+Printers.h"
-#include "dialog/KeepToOneself.h"
-#include "dialog/OwnPasteboard.h"
 #include "dialog/longlist/LongPopUp.h"
 #include "dialog/preview/ControlActions.h"
 #include "dialog/start/QuickHash.h"
 #include "dialog/theme/DesktopSettings.hpp"
 #include "dialog/theme/TapeTheme.h"
-#include "platform/WindowServer.h"
+#include "dialog/toolkit/KeepToOneself.h"
+#include "dialog/toolkit/OwnPasteboard.h"
+#include "dialog/toolkit/WindowServer.h"
 
 #include <objc/runtime.h>
 
@@ -331,7 +331,7 @@ int main(int argc, char** argv, char** environment)
     [NSImageRep unregisterImageRepClass:NSClassFromString(@"GSImageMagickImageRep")];
     dialog::keepToOneself();
     dialog::setUpPasteboards();
-    printing::askWindowServerLess();
+    dialog::askWindowServerLess();
     [TapePrintApplication sharedApplication];
     dialog::useTheme(dialog::appearanceOnThisDesktop(dialog::WantedAppearance::Light));
 

@@ -1,7 +1,7 @@
 // panel.mm - the rows about the panel: opening it, showing it again, and every way of using it.
 #include "bench/Host.hpp"
 #include "bench/Meter.hpp"
-#include "platform/WindowServer.h"
+#include "dialog/toolkit/WindowServer.h"
 
 #include <cups/ppd.h>
 #include <malloc.h>
@@ -346,7 +346,7 @@ void measureMemory(const Stage& stage)
 
 [[noreturn]] void showPanel(const char* control)
 {
-    printing::askWindowServerLess();
+    dialog::askWindowServerLess();
     [NSApplication sharedApplication];
     Dialog dialog(10, 2);
     dialog.marksChoices = true;

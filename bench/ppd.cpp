@@ -1,8 +1,8 @@
 // ppd.cpp - the rows about opening a PPD, beside one pass over the same file.
 #include "bench/LabelPrinter.hpp"
 #include "bench/Meter.hpp"
-#include "dialog/PPDFile.hpp"
-#include "dialog/PPDSizes.hpp"
+#include "dialog/ppd/PPDFile.hpp"
+#include "dialog/ppd/PPDSizes.hpp"
 
 #include <cstdio>
 #include <cstdlib>

@@ -5,16 +5,16 @@
 #include "dialog/DialogWindow.h"
 #include "dialog/ExitStatus.hpp"
 #include "dialog/Messages.hpp"
-#include "dialog/PanelHost.h"
-#include "dialog/PanelLoader.h"
 #include "dialog/Panes.hpp"
-#include "dialog/Printers.hpp"
 #include "dialog/background/JobSender.hpp"
 #include "dialog/background/PrinterFinder.hpp"
 #include "dialog/background/PrinterOpener.hpp"
 #include "dialog/features/FeaturesController.h"
 #include "dialog/memory/PresetKeeper.h"
+#include "dialog/panel/PanelHost.h"
+#include "dialog/panel/PanelLoader.h"
 #include "dialog/preview/LabelPreview.h"
+#include "dialog/printers/Printers.hpp"
 
 #include <AppKit/AppKit.h>
 

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "dialog/ExitStatus.hpp"
-#include "dialog/PPDCheck.hpp"
+#include "dialog/ppd/PPDCheck.hpp"
 
 #include <cstddef>
 #include <string>

@@ -4,9 +4,7 @@
 #include "dialog/CommandLine.hpp"
 #include "dialog/DialogController.h"
 #include "dialog/ExitStatus.hpp"
-#include "dialog/KeepToOneself.h"
 #include "dialog/Messages.hpp"
-#include "dialog/OwnPasteboard.h"
 #include "dialog/Places.hpp"
 #include "dialog/ProcessStart.h"
 #include "dialog/Translate.hpp"
@@ -20,8 +18,10 @@
 #include "dialog/start/ShortSleep.h"
 #include "dialog/theme/DesktopSettings.hpp"
 #include "dialog/theme/TapeTheme.h"
+#include "dialog/toolkit/KeepToOneself.h"
+#include "dialog/toolkit/OwnPasteboard.h"
+#include "dialog/toolkit/WindowServer.h"
 #include "dialog/twin/PanelCheck.h"
-#include "platform/WindowServer.h"
 
 #include <AppKit/AppKit.h>
 
@@ -78,7 +78,7 @@ dialog::ExitStatus runWithoutWindow(dialog::CommandLine line)
 dialog::ExitStatus run(const dialog::CommandLine& line, const dialog::Language& language)
 {
     DialogController* const controller = [[DialogController alloc] initWithCommandLine:line];
-    printing::askWindowServerLess();
+    dialog::askWindowServerLess();
     dialog::deferInputMethod();
     NSApplication* const application = openApplication();
     if (application == nil) {

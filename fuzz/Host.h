@@ -2,7 +2,7 @@
 // inside a call of the panel's, and let go of it at any time.
 #pragma once
 
-#include "dialog/PPDFile.hpp"
+#include "dialog/ppd/PPDFile.hpp"
 #include "platform/PrintingHost.hpp"
 
 #import <AppKit/AppKit.h>

@@ -1,5 +1,5 @@
 // A PPD's bytes through the dialog's look at them, the print library and every question to it.
-#include "dialog/PPDFile.hpp"
+#include "dialog/ppd/PPDFile.hpp"
 #include "fuzz/Options.hpp"
 
 #include <cstdio>

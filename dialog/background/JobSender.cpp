@@ -1,8 +1,8 @@
 #include "dialog/background/JobSender.hpp"
 
-#include "dialog/JobStatus.hpp"
-#include "dialog/OutputFolder.hpp"
-#include "dialog/ServerConnection.hpp"
+#include "dialog/job/JobStatus.hpp"
+#include "dialog/job/OutputFolder.hpp"
+#include "dialog/printers/ServerConnection.hpp"
 
 #include <thread>
 #include <utility>

@@ -9,12 +9,12 @@
 // Plain C++.
 #pragma once
 
-#include "dialog/Document.hpp"
-#include "dialog/JobOptions.hpp"
-#include "dialog/PrintServer.hpp"
-#include "dialog/Printers.hpp"
 #include "dialog/background/Errand.hpp"
 #include "dialog/background/JobPhase.hpp"
+#include "dialog/job/Document.hpp"
+#include "dialog/job/JobOptions.hpp"
+#include "dialog/printers/PrintServer.hpp"
+#include "dialog/printers/Printers.hpp"
 
 #include <atomic>
 #include <chrono>

@@ -7,8 +7,8 @@
 #pragma once
 
 #include "dialog/CommandLine.hpp"
-#include "dialog/Printers.hpp"
 #include "dialog/background/Errand.hpp"
+#include "dialog/printers/Printers.hpp"
 
 #include <chrono>
 #include <cstdint>

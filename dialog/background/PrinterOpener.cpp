@@ -1,7 +1,7 @@
 #include "dialog/background/PrinterOpener.hpp"
 
 #include "dialog/BuiltIn.hpp"
-#include "dialog/PrintServer.hpp"
+#include "dialog/printers/PrintServer.hpp"
 
 #include <utility>
 

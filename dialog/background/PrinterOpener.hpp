@@ -4,9 +4,9 @@
 // thread; the fetching is done on others.  Plain C++.
 #pragma once
 
-#include "dialog/PPDFile.hpp"
-#include "dialog/Printers.hpp"
 #include "dialog/background/Errand.hpp"
+#include "dialog/ppd/PPDFile.hpp"
+#include "dialog/printers/Printers.hpp"
 
 #include <chrono>
 #include <functional>

@@ -5,7 +5,7 @@
 // queue, and one that counts them.  Plain C++ and POSIX.
 #pragma once
 
-#include "dialog/PrintServer.hpp"
+#include "dialog/printers/PrintServer.hpp"
 
 #include <optional>
 #include <string>

@@ -5,7 +5,7 @@
 // here.  Plain C++.
 #pragma once
 
-#include "dialog/PPDFile.hpp"
+#include "dialog/ppd/PPDFile.hpp"
 
 #include <cstddef>
 #include <functional>

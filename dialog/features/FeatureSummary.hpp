@@ -1,9 +1,9 @@
 // FeatureSummary.hpp - the chosen features as lines of the summary.  Plain C++.
 #pragma once
 
-#include "dialog/JobOptions.hpp"
 #include "dialog/SummaryLines.hpp"
 #include "dialog/features/Features.hpp"
+#include "dialog/job/JobOptions.hpp"
 
 #include <functional>
 #include <string>

@@ -1,6 +1,6 @@
 #include "dialog/features/Features.hpp"
 
-#include "dialog/WantedLength.hpp"
+#include "dialog/job/WantedLength.hpp"
 
 #include <algorithm>
 #include <array>

@@ -3,7 +3,7 @@
 // Texts are the PPD's own, with the keyword where it has none.  Plain C++.
 #pragma once
 
-#include "dialog/PPDFile.hpp"
+#include "dialog/ppd/PPDFile.hpp"
 
 #include <cstdint>
 #include <string>

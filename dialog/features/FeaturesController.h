@@ -4,13 +4,13 @@
 
 #include "dialog/DialogWindow.h"
 #include "dialog/Messages.hpp"
-#include "dialog/PanelHost.h"
-#include "dialog/PanelLoader.h"
 #include "dialog/SummaryLines.hpp"
 #include "dialog/features/Constraints.hpp"
 #include "dialog/features/Features.hpp"
 #include "dialog/features/FeaturesPane.h"
 #include "dialog/features/Resolving.hpp"
+#include "dialog/panel/PanelHost.h"
+#include "dialog/panel/PanelLoader.h"
 
 #include <string>
 #include <vector>

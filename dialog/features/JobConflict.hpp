@@ -6,8 +6,8 @@
 #pragma once
 
 #include "dialog/Messages.hpp"
-#include "dialog/PPDFile.hpp"
-#include "dialog/WantedOptions.hpp"
+#include "dialog/job/WantedOptions.hpp"
+#include "dialog/ppd/PPDFile.hpp"
 
 namespace dialog {
 

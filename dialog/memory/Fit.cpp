@@ -2,7 +2,7 @@
 
 #include "dialog/Messages.hpp"
 #include "dialog/Translate.hpp"
-#include "dialog/WantedLength.hpp"
+#include "dialog/job/WantedLength.hpp"
 
 #include <algorithm>
 #include <cmath>

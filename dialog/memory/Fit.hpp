@@ -1,8 +1,8 @@
 // Fit.hpp - remembered values and a printer that may be another one.  Plain C++ and libcups.
 #pragma once
 
-#include "dialog/PPDFile.hpp"
 #include "dialog/memory/KeptValues.hpp"
+#include "dialog/ppd/PPDFile.hpp"
 
 #include <string>
 #include <utility>

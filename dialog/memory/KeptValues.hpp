@@ -3,7 +3,7 @@
 // The number of copies is not among them: how many labels are wanted is asked anew each time.
 #pragma once
 
-#include "dialog/JobOptions.hpp"
+#include "dialog/job/JobOptions.hpp"
 
 #include <string>
 #include <vector>

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "dialog/Messages.hpp"
-#include "dialog/PanelHost.h"
 #include "dialog/memory/NamePanel.h"
 #include "dialog/memory/PresetSession.hpp"
+#include "dialog/panel/PanelHost.h"
 
 #include <AppKit/AppKit.h>
 

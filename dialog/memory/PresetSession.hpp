@@ -5,10 +5,10 @@
 #pragma once
 
 #include "dialog/CommandLine.hpp"
-#include "dialog/Printers.hpp"
 #include "dialog/memory/Fit.hpp"
 #include "dialog/memory/Memory.hpp"
 #include "dialog/memory/PresetMenu.hpp"
+#include "dialog/printers/Printers.hpp"
 
 #include <optional>
 #include <set>

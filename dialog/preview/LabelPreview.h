@@ -8,7 +8,7 @@
 // thread only.
 #pragma once
 
-#include "dialog/PanelHost.h"
+#include "dialog/panel/PanelHost.h"
 #include "dialog/preview/LabelFollower.hpp"
 #include "dialog/preview/LabelView.h"
 #include "dialog/preview/PictureRequest.hpp"

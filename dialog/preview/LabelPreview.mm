@@ -1,7 +1,7 @@
 #include "dialog/preview/LabelPreview.h"
 
 #include "dialog/Text.h"
-#include "dialog/WantedLength.hpp"
+#include "dialog/job/WantedLength.hpp"
 #include "dialog/preview/ControlActions.h"
 #include "dialog/preview/Sentences.hpp"
 #include "dialog/theme/TapeTheme.h"

@@ -2,9 +2,9 @@
 // --show-command.  Plain C++.
 #pragma once
 
-#include "dialog/JobOptions.hpp"
 #include "dialog/Messages.hpp"
-#include "dialog/Printers.hpp"
+#include "dialog/job/JobOptions.hpp"
+#include "dialog/printers/Printers.hpp"
 
 #include <string>
 #include <vector>

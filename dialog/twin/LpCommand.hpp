@@ -4,7 +4,7 @@
 // backslashes of its own, and the shell reads the whole line.  Plain C++.
 #pragma once
 
-#include "dialog/JobOptions.hpp"
+#include "dialog/job/JobOptions.hpp"
 
 #include <cstdint>
 #include <optional>

@@ -1,9 +1,9 @@
 #include "dialog/twin/PanelCheck.h"
 
 #include "dialog/BuiltIn.hpp"
-#include "dialog/PanelHost.h"
-#include "dialog/PanelLoader.h"
 #include "dialog/Text.h"
+#include "dialog/panel/PanelHost.h"
+#include "dialog/panel/PanelLoader.h"
 
 namespace dialog {
 

@@ -1,7 +1,7 @@
 #include "dialog/twin/PanelSettings.hpp"
 
-#include "dialog/JobPageSize.hpp"
-#include "dialog/WantedLength.hpp"
+#include "dialog/job/JobPageSize.hpp"
+#include "dialog/job/WantedLength.hpp"
 #include "pagesettings/ChoiceRules.hpp"
 #include "pagesettings/DisplayText.hpp"
 #include "pagesettings/PrinterDot.hpp"

@@ -5,9 +5,9 @@
 // panel itself goes by, so a job is the same whichever way it was asked for.  Plain C++.
 #pragma once
 
-#include "dialog/JobOptions.hpp"
-#include "dialog/PPDFile.hpp"
-#include "dialog/WantedOptions.hpp"
+#include "dialog/job/JobOptions.hpp"
+#include "dialog/job/WantedOptions.hpp"
+#include "dialog/ppd/PPDFile.hpp"
 #include "dialog/twin/LengthWord.hpp"
 #include "pagesettings/PanelRules.hpp"
 

@@ -1,10 +1,10 @@
 #include "dialog/twin/PrinterFacts.hpp"
 
-#include "dialog/JobPageSize.hpp"
 #include "dialog/Messages.hpp"
 #include "dialog/Translate.hpp"
 #include "dialog/UTF8.hpp"
-#include "dialog/WantedOptions.hpp"
+#include "dialog/job/JobPageSize.hpp"
+#include "dialog/job/WantedOptions.hpp"
 #include "dialog/twin/PanelSettings.hpp"
 #include "ppd/Keywords.hpp"
 #include "tape/TapeState.hpp"

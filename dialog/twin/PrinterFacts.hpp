@@ -3,8 +3,8 @@
 // Plain C++.
 #pragma once
 
-#include "dialog/PPDFile.hpp"
-#include "dialog/Printers.hpp"
+#include "dialog/ppd/PPDFile.hpp"
+#include "dialog/printers/Printers.hpp"
 
 #include <optional>
 #include <string>

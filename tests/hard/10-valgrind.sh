@@ -5,5 +5,5 @@ set -euo pipefail
 
 for program in PPDCheck_test PPDFile_test; do
     valgrind --quiet --error-exitcode=99 --leak-check=full --errors-for-leak-kinds=definite \
-        "build/release/tests/dialog/$program" --gtest_brief=1
+        "build/release/tests/dialog/ppd/$program" --gtest_brief=1
 done

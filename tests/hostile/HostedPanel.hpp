@@ -3,8 +3,8 @@
 // In a file of its own: panel and dialog each declare the protocol between them.
 #pragma once
 
-#include "dialog/JobOptions.hpp"
-#include "dialog/PPDFile.hpp"
+#include "dialog/job/JobOptions.hpp"
+#include "dialog/ppd/PPDFile.hpp"
 
 #import <AppKit/AppKit.h>
 

@@ -1,8 +1,8 @@
 #include "hostile/HostedPanel.hpp"
 
-#include "dialog/PanelHost.h"
-#include "dialog/PanelLoader.h"
 #include "dialog/Text.h"
+#include "dialog/panel/PanelHost.h"
+#include "dialog/panel/PanelLoader.h"
 
 HostedPanel::HostedPanel(const std::string& bundle, const std::string& printer,
                          const std::string& uri, dialog::PPDFile ppd)

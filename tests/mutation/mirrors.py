@@ -22,7 +22,7 @@ TESTED = {
     "KeystrokeSweep_test": "textentry/KeystrokeRules.cpp",
     "Language_test": "dialog/language/Language.cpp",
     "NumberLocale_test": "textentry/PDEFormatter.mm",
-    "PrintServer_test": "dialog/PrintServer.cpp",
+    "PrintServer_test": "dialog/printers/PrintServer.cpp",
     "SavingSweep_test": "pagesettings/Saving.cpp",
     "SummarySweep_test": "pagesettings/SummaryLines.cpp",
     "ValidationSweep_test": "pagesettings/Validation.cpp",

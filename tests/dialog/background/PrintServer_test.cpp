@@ -1,8 +1,8 @@
 // The calls to a print server that misbehaves.  One that behaves is tried by the tests of jobs.
 
-#include "dialog/PPDSizes.hpp"
-#include "dialog/PrintServer.hpp"
 #include "dialog/background/Errand.hpp"
+#include "dialog/ppd/PPDSizes.hpp"
+#include "dialog/printers/PrintServer.hpp"
 
 #include <gtest/gtest.h>
 

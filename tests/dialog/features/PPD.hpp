@@ -1,7 +1,7 @@
 // A PPD for a test: a tape, and the options and constraints that the test is about.
 #pragma once
 
-#include "dialog/PPDFile.hpp"
+#include "dialog/ppd/PPDFile.hpp"
 
 #include <string>
 #include <string_view>

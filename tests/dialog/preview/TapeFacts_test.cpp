@@ -1,6 +1,6 @@
 #include "dialog/preview/TapeFacts.hpp"
 
-#include "dialog/PPDFile.hpp"
+#include "dialog/ppd/PPDFile.hpp"
 
 #include <gtest/gtest.h>
 

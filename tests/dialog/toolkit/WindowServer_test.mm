@@ -1,0 +1,189 @@
+// What the window server is asked while a window is drawn and typed into.
+
+#include "dialog/toolkit/WindowServer.h"
+
+#include <AppKit/AppKit.h>
+#include <gtest/gtest.h>
+
+#include <dlfcn.h>
+
+#include <cstdlib>
+#include <functional>
+#include <string>
+
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#include <sanitizer/lsan_interface.h>
+#define LOOKS_FOR_LEAKS 1
+#endif
+#endif
+
+@interface CountingView : NSView
+{
+  @public
+    int resets_;
+}
+@end
+
+@implementation CountingView
+
+- (BOOL)isOpaque
+{
+    return YES;
+}
+
+- (BOOL)acceptsFirstResponder
+{
+    return YES;
+}
+
+- (void)keyDown:(NSEvent*)event
+{
+    [[self window] invalidateCursorRectsForView:self];
+}
+
+- (void)resetCursorRects
+{
+    ++resets_;
+    [self addCursorRect:[self bounds] cursor:[NSCursor IBeamCursor]];
+}
+
+- (void)drawRect:(NSRect)rect
+{
+    NSRectFill(rect);
+}
+
+@end
+
+namespace {
+
+int questions = 0;
+
+bool waitFor(const std::function<bool()>& isSo)
+{
+    NSDate* const end = [NSDate dateWithTimeIntervalSinceNow:20];
+    while (!isSo() && [end timeIntervalSinceNow] > 0) {
+        NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
+        NSEvent* const event =
+            [NSApp nextEventMatchingMask:NSAnyEventMask
+                               untilDate:[NSDate dateWithTimeIntervalSinceNow:0.02]
+                                  inMode:NSDefaultRunLoopMode
+                                 dequeue:YES];
+        if (event != nil) {
+            [NSApp sendEvent:event];
+        }
+        [pool drain];
+    }
+    return isSo();
+}
+
+// Until nothing more comes.
+void rest()
+{
+    NSDate* const end = [NSDate dateWithTimeIntervalSinceNow:0.3];
+    waitFor([&] { return [end timeIntervalSinceNow] < 0; });
+}
+
+class WindowServer : public testing::Test
+{
+  protected:
+    WindowServer()
+        : window_([[NSWindow alloc] initWithContentRect:NSMakeRect(200, 200, 300, 200)
+                                              styleMask:NSTitledWindowMask
+                                                backing:NSBackingStoreBuffered
+                                                  defer:NO]),
+          view_([[[CountingView alloc] initWithFrame:NSMakeRect(0, 0, 300, 200)] autorelease])
+    {
+        [window_ setReleasedWhenClosed:NO];
+        [window_ setContentView:view_];
+        [window_ setAcceptsMouseMovedEvents:YES];
+        [window_ makeKeyAndOrderFront:nil];
+        [window_ makeFirstResponder:view_];
+        EXPECT_TRUE(waitFor([&] { return [window_ isKeyWindow]; }));
+        rest();
+    }
+    ~WindowServer() override
+    {
+        [window_ orderOut:nil];
+        [window_ release];
+        rest();
+    }
+
+    void draw() const
+    {
+        [view_ setNeedsDisplay:YES];
+        [window_ displayIfNeeded];
+        [window_ flushWindow];
+    }
+
+    NSWindow* window_;
+    CountingView* view_;
+};
+
+TEST_F(WindowServer, IsNotAskedForTheFrameEachTimeSomethingIsDrawn)
+{
+    draw();
+    const int before = questions;
+    for (int i = 0; i < 5; ++i) {
+        draw();
+    }
+    EXPECT_EQ(questions, before);
+}
+
+TEST_F(WindowServer, IsAskedAgainOnceItHasToldOfAChange)
+{
+    draw();
+    [window_ setTitle:@"Another"];
+    rest();
+    const int before = questions;
+    draw();
+    EXPECT_GT(questions, before);
+}
+
+TEST_F(WindowServer, FindsWhatThePointerShowsOnceTheMouseIsUsedAgain)
+{
+    ASSERT_EQ(std::system("xdotool mousemove 5 5 key a"), 0);
+    rest();
+    const int before = view_->resets_;
+    ASSERT_EQ(std::system("xdotool key a key a"), 0);
+    rest();
+    EXPECT_EQ(view_->resets_, before);
+    const NSPoint corner = [window_ frame].origin;
+    const int x = static_cast<int>(corner.x) + 100;
+    const int y = static_cast<int>(NSHeight([[window_ screen] frame]) - corner.y) - 100;
+    const std::string move = "xdotool mousemove " + std::to_string(x) + " " + std::to_string(y);
+    ASSERT_EQ(std::system(move.c_str()), 0);
+    EXPECT_TRUE(waitFor([&] { return view_->resets_ > before; }));
+}
+
+} // namespace
+
+// In front of the window system's own, and counted.
+extern "C" __attribute__((visibility("default"))) int
+XGetWindowProperty(void* display, unsigned long window, unsigned long property, long offset,
+                   long length, int remove, unsigned long type, unsigned long* typeFound,
+                   int* format, unsigned long* count, unsigned long* left, unsigned char** data)
+{
+    static const auto real =
+        reinterpret_cast<decltype(&XGetWindowProperty)>(dlsym(RTLD_NEXT, "XGetWindowProperty"));
+    ++questions;
+    return real(display, window, property, offset, length, remove, type, typeFound, format, count,
+                left, data);
+}
+
+int main(int argc, char** argv, char** environment)
+{
+    testing::InitGoogleTest(&argc, argv);
+#ifdef LOOKS_FOR_LEAKS
+    __lsan_disable(); // what the toolkit sets up for the life of the process
+#endif
+    NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
+    [NSProcessInfo initializeWithArguments:argv count:1 environment:environment];
+    [[NSUserDefaults standardUserDefaults] registerDefaults:@{@"GSSuppressAppIcon" : @"YES"}];
+    dialog::askWindowServerLess();
+    [NSApplication sharedApplication];
+    [NSApp finishLaunching];
+    const int status = RUN_ALL_TESTS();
+    [pool drain];
+    return status;
+}
