@@ -235,8 +235,11 @@ dialog::PrinterFinder::Clock::time_point now()
 
 - (void)lookAround
 {
-    // A list that is open must not be filled anew, nor the panel go away beneath its own list.
-    if (sender_.underWay()) {
+    // A list that is open must not be filled anew, nor the panel go away beneath its own list or
+    // alert.  A press of an alert's button lets the run loop go round once in its default mode.
+    if ([NSApp modalWindow] != nil) {
+        // Later.
+    } else if (sender_.underWay()) {
         [self lookAtJob];
     } else if (![window_ hasOpenList]) {
         if (finder_->poll(now())) {
@@ -255,7 +258,7 @@ dialog::PrinterFinder::Clock::time_point now()
 {
     [NSObject cancelPreviousPerformRequestsWithTarget:self selector:@selector(lookAround)
                                                object:nil];
-    const bool soon = ![self isSettled] || sender_.underWay();
+    const bool soon = ![self isSettled] || sender_.underWay() || (wasShown_ && !hasActed_);
     if (soon || finder_->busy()) {
         const NSTimeInterval whileUnsaid =
             opener_.underWay() && !openingIsSaid_ ? kVerySoon : kSoon;

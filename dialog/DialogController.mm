@@ -489,7 +489,7 @@ constexpr NSTimeInterval kListingInterval = 0.1;
             [[NSRunLoop currentRunLoop] addTimer:listing_ forMode:mode];
         }
     }
-    [self actOnCommandLine];
+    [self lookAround];
 }
 
 // What a script asked for, once, when nothing is waited for any more.

@@ -103,6 +103,25 @@ bool isNothing(std::string_view choice) noexcept
            strcasecmp(text.c_str(), "False") == 0;
 }
 
+// An option as a whole, and one of its choices, are the same option's one choice.
+bool isOfOneChoice(const std::vector<Setting>& terms)
+{
+    const Setting* named = nullptr;
+    for (const Setting& term : terms) {
+        if (term.keyword != terms.front().keyword) {
+            return false;
+        }
+        if (term.choice.empty()) {
+            continue;
+        }
+        if (named != nullptr && term.choice != named->choice) {
+            return false;
+        }
+        named = &term;
+    }
+    return true;
+}
+
 } // namespace
 
 Constraints constraintsOf(const PPDFile& ppd)
@@ -116,7 +135,7 @@ Constraints constraintsOf(const PPDFile& ppd)
     std::set<std::vector<Setting>> known;
     const auto take = [&](Constraint constraint) {
         if (constraint.terms.size() < 2 || !names.spell(constraint.terms) ||
-            !known.insert(sorted(constraint.terms)).second) {
+            isOfOneChoice(constraint.terms) || !known.insert(sorted(constraint.terms)).second) {
             return;
         }
         if (!names.spell(constraint.resolver)) {

@@ -37,7 +37,8 @@ struct Constraint
 using Constraints = std::vector<Constraint>;
 
 // Every constraint whose options and choices the PPD has, spelled as there; PageRegion counts as
-// PageSize.  A constraint that says the same as an earlier one is left out.
+// PageSize.  A constraint that says the same as an earlier one is left out, and so is one that sets
+// a choice against itself: nobody could ever make it.
 Constraints constraintsOf(const PPDFile& ppd);
 
 // The marked choices of the options that the constraints name.

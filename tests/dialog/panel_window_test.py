@@ -7,14 +7,16 @@ printer, named as the sample, in CUPS_SERVER and the jobs that arrived in PRIVAT
 
 import os
 import re
+import subprocess
 import sys
+import tempfile
 import time
 
 sys.dont_write_bytecode = True
 HERE = os.path.dirname(os.path.abspath(__file__))
 sys.path[:0] = [HERE, os.path.join(os.path.dirname(HERE), "support")]
-from dialog_test import FIELD, LENGTH, MARGIN, PROGRAM, arrived, ppd  # noqa: E402
-from drive import Dialog, check, equal, nudge, wait_for, xdotool  # noqa: E402
+from dialog_test import FIELD, LENGTH, MARGIN, NO_SERVER, PROGRAM, SAMPLES, arrived, ppd  # noqa: E402
+from drive import PATIENCE, Dialog, check, equal, nudge, wait_for, xdotool  # noqa: E402
 from ipp import job_attributes  # noqa: E402
 from sentences import main, test  # noqa: E402
 
@@ -55,6 +57,11 @@ def dismissed_once(dialog, dismiss):
     nudge()
     time.sleep(A_WHILE)
     check(not alerts(dialog), "the alert came twice")
+
+
+def active_window():
+    return subprocess.run(["xdotool", "getactivewindow", "getwindowname"], text=True,
+                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False).stdout
 
 
 def press_return(_):
@@ -261,6 +268,29 @@ def a_margin_above_half_the_length_alerts_once_and_return_dismisses_it():
         # A dot of 25.4 / 300 mm counts as the least step of 0.1 mm.
         equal(texts(dialog), ("40.1", "20.0"), "fields after the alert")
         check(dialog.process.poll() is None, "Return in the alert printed")
+
+
+@test
+def return_before_a_script_prints_is_the_only_print():
+    with open(os.path.join(SAMPLES, "sample-tape-few.ppd"), encoding="utf-8") as file:
+        text = file.read()
+    with tempfile.TemporaryDirectory() as room:
+        path = room + "/wide-margins.ppd"
+        with open(path, "w", encoding="utf-8") as file:
+            # A least margin above the largest, and two of it longer than a label can be.
+            file.write(text.replace('*VnMinMargin: "1.0"', '*VnMinMargin: "600.0"'))
+        with Dialog(PROGRAM, "--ppd", path, "--print-at-once", environment=NO_SERVER) as dialog:
+            wait_for(lambda: "Print Label" in active_window(), "the window to have the keyboard")
+            time.sleep(0.1)
+            deadline = time.monotonic() + PATIENCE
+            while dialog.process.poll() is None:
+                check(time.monotonic() < deadline, "tape-print did not end")
+                xdotool("key", "Return")
+                # So long that the script's own print is due when the alert's button is pressed.
+                time.sleep(A_WHILE)
+            dialog.end(0)
+            equal(dialog.job_in_folder()["VnMargin"], "50.0", "the margin")
+            equal(dialog.job_in_folder()["VnTapeLength"], "1000.0", "the length")
 
 
 @test

@@ -7,6 +7,7 @@ Writes the PPDs into the folder, and beside them `cases`, a text that the tests 
     file PATH             of the PPD; what is not a file of ours begins with a slash
     uri URI               where the printer is attached
     refused SENTENCE      the dialog's one sentence, {path} for the file's
+    held SENTENCE         how the dialog begins to say why it prints nothing; the panel is there
     see WHAT: TEXT        what the panel shows or hands over (printer.py)
     alerts NUMBER         how often the panel has something to say when it is printed at once
     print TEXT            the panel's options of that job
@@ -30,6 +31,12 @@ def case(name, printer):
     if name in CASES:
         raise KeyError(name)
     CASES[name] = printer
+
+
+def held_back(name, printer):
+    """The defaults of its quality and its resolution exclude each other."""
+    printer.conflict = 'Not printed: Prio "Swift" does not go with Dots "Square".'
+    case(name, printer)
 
 
 def whole():
@@ -449,16 +456,16 @@ case("Empty-lines", rewritten(lambda text: text.replace(b"\n", b"\n\n")))
 case("Blanks-at-line-ends", rewritten(lambda text: text.replace(b": PickOne\n", b": PickOne \n")))
 case("Comments-of-everything", rewritten(
     lambda text: text + b"".join(b"*% " + line + b"\n" for line in text.split(b"\n"))))
-case("Constraints-in-a-ring", put("end", "".join(
+held_back("Constraints-in-a-ring", put("end", "".join(
     "*UIConstraints: *{} {} *{} {}\n".format(a, x, b, y) for a, x, b, y in (
         ("VnPriority", "Speed", "Resolution", "300x300dpi"),
         ("Resolution", "300x300dpi", "VnCompress", "Firm"),
         ("VnCompress", "Firm", "VnPriority", "Speed")))))
-case("Constraint-sets-in-a-ring", put(
+held_back("Constraint-sets-in-a-ring", put(
     "end", '*cupsUIConstraints a: "*VnPriority Speed *Resolution 300x300dpi"\n'
            '*cupsUIConstraints b: "*Resolution 300x300dpi *VnPriority Speed"\n'
            '*cupsUIResolver a: "*Resolution 300x600dpi"\n*cupsUIResolver b: "*VnPriority Finer"\n'))
-case("Constraints-by-thousands", put(
+held_back("Constraints-by-thousands", put(
     "end", "*UIConstraints: *VnPriority Speed *Resolution 300x300dpi\n" * 20000))
 case("Attributes-by-thousands", put("end", "".join('*X{}: "v"\n'.format(i) for i in range(50000))))
 case("Languages-unknown", put("end", '*cupsLanguages: "xx yy"\n*xx.Translation VnPriority/Q: ""\n'))
@@ -602,6 +609,8 @@ def main():
         if printer.refusal is not None:
             lines.append("refused " + printer.refusal)
             continue
+        if printer.conflict is not None:
+            lines.append("held " + printer.conflict)
         for what, text in printer.observations():
             words = {"printed job": "print ", "alerts": "alerts "}
             lines.append(words.get(what, "see {}: ".format(what)) + text)

@@ -113,8 +113,9 @@ class Fields:
 class Printer:
     def __init__(self):
         self.ppd = PPD()
-        self.path = None    # of something that is no file of ours
-        self.refusal = None # a sentence; then nothing else counts
+        self.path = None        # of something that is no file of ours
+        self.refusal = None     # a sentence; then nothing else counts
+        self.conflict = None    # how the sentence begins when the dialog prints nothing
         self.uri = USB
 
         self.inches = False

@@ -2,8 +2,8 @@
 """start_test.py PROGRAM FOLDER [EVERY] - starts tape-print with the PPDs of cases.py.
 
 With every PPD, or with every EVERY-th, it prints into a folder, once with its window and once
-without.  It ends with the status and the one sentence of a PPD that is not used, or with exactly the
-options of the case.
+without.  It ends with the status and the one sentence of a PPD that is not used or of choices that
+exclude each other, or with exactly the options of the case.
 """
 
 import os
@@ -16,7 +16,7 @@ sys.dont_write_bytecode = True
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "dialog"))
 from drive import PATIENCE, Failed, check, equal, options_of, xdotool  # noqa: E402
 
-BAD_PPD = 6
+BAD_PPD, CONFLICT = 6, 10
 WITH_WINDOW, WITHOUT = "--print-at-once", "--print"
 # Nobody listens at port 1: no test here may meet the machine's own print server.
 NO_SERVER = {"CUPS_SERVER": "127.0.0.1:1"}
@@ -68,6 +68,12 @@ def run(words, has_alerts):
         return process.returncode, errors.read().decode("utf-8", "replace")
 
 
+def only_sentence(errors):
+    said = [line for line in errors.splitlines() if line.startswith("tape-print: ")]
+    equal(len(said), 1, "number of sentences in " + errors)
+    return said[0]
+
+
 def try_case(program, folder, case, way):
     path = case["file"] if case["file"].startswith("/") else folder + "/" + case["file"]
     with tempfile.TemporaryDirectory() as room:
@@ -78,10 +84,17 @@ def try_case(program, folder, case, way):
             equal(status, BAD_PPD, "exit status")
             sentence = "tape-print: " + case["refused"].replace(
                 "{path}", path if len(path) <= 300 else path[:300] + "...")
-            said = [line for line in errors.splitlines() if line.startswith("tape-print: ")]
-            equal(len(said), 1, "number of sentences in " + errors)
+            said = only_sentence(errors)
             if IN_ENGLISH:
-                equal(said[0], sentence, "the sentence")
+                equal(said, sentence, "the sentence")
+            check(not os.path.exists(room + "/out"), "something was printed")
+            return
+        if "held" in case:
+            equal(status, CONFLICT, "exit status")
+            said = only_sentence(errors)
+            if IN_ENGLISH:
+                equal(said[:len("tape-print: " + case["held"])], "tape-print: " + case["held"],
+                      "the sentence")
             check(not os.path.exists(room + "/out"), "something was printed")
             return
         equal(status, 0, "exit status, with " + errors)

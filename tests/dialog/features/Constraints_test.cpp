@@ -119,6 +119,23 @@ TEST(ConstraintsOf, KeepThePpdsSpellingAndLeaveOutWhatItDoesNotHave)
     EXPECT_TRUE(constraintsOf(PPDFile()).empty());
 }
 
+// The print library would have such a choice conflict for ever.
+TEST(ConstraintsOf, LeaveOutAChoiceThatIsSetAgainstItself)
+{
+    const Constraints constraints = constraintsOf(
+        openPPD(kOptions + "*UIConstraints: *Half True *Half True\n"
+                           "*UIConstraints: *Half True *half true\n"
+                           "*UIConstraints: *Half *Half True\n"
+                           "*UIConstraints: *Half *Half\n"
+                           "*cupsUIConstraints Thrice: \"*Half True *Half *Half True\"\n"
+                           "*UIConstraints: *Cut Each *Cut Last\n"
+                           "*cupsUIConstraints Other: \"*Half True *Half True *Fine Yes\"\n"));
+    ASSERT_EQ(constraints.size(), 2U);
+    EXPECT_EQ(constraints[0].terms, (Settings{{"Cut", "Each"}, {"Cut", "Last"}}));
+    EXPECT_EQ(constraints[1].terms,
+              (Settings{{"Half", "True"}, {"Half", "True"}, {"Fine", "Yes"}}));
+}
+
 // The print library's own word: the options that are part of a conflict.
 std::set<std::string> libraryConflicts(ppd_file_t* ppd)
 {
