@@ -11,6 +11,7 @@
 #include "dialog/job/JobPageSize.hpp"
 #include "dialog/keyboard/CopiesStep.hpp"
 #include "dialog/start/InputMethod.h"
+#include "dialog/toolkit/WindowServer.h"
 #include "dialog/twin/Twin.hpp"
 
 #include <cstdio>
@@ -97,7 +98,10 @@ constexpr NSTimeInterval kListingInterval = 0.1;
     [preview_ lookForDocument];
     [[window_ window] center];
     [NSApp activateIgnoringOtherApps:YES];
-    [[window_ window] makeKeyAndOrderFront:nil];
+    {
+        const dialog::WithoutIcons iconComesLater;
+        [[window_ window] makeKeyAndOrderFront:nil];
+    }
     // With the mark of the keyboard, before what was needed to open the panel is tidied up.
     [[window_ window] displayIfNeeded];
     [self performSelector:@selector(windowWasShown:) withObject:nil afterDelay:kShownDelay];
@@ -478,6 +482,7 @@ constexpr NSTimeInterval kListingInterval = 0.1;
 - (void)windowWasShown:(id)ignored
 {
     wasShown_ = YES;
+    dialog::giveIcon(static_cast<int>([[window_ window] windowNumber]));
     dialog::openInputMethod();
     if (!line_.listControls.empty()) {
         listing_ = [NSTimer timerWithTimeInterval:kListingInterval target:self

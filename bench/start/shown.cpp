@@ -32,6 +32,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr auto kSettled = std::chrono::milliseconds(500);
 constexpr auto kDeadline = std::chrono::minutes(2);
+constexpr auto kPatience = std::chrono::seconds(5);
 constexpr useconds_t kInterval = 3000; // microseconds
 constexpr long kHardlyAnything = 5;    // clock ticks
 
@@ -162,6 +163,11 @@ int main(int argc, char** argv)
     }
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
+    // The next program's window can get the same number, and must not be taken for one that was
+    // there before.
+    const Clock::time_point ended = Clock::now();
+    while (newestWindow(display) != before && Clock::now() - ended < kPatience)
+        usleep(kInterval);
     XCloseDisplay(display);
     return settled ? 0 : 1;
 }

@@ -18,10 +18,13 @@ namespace dialog {
 inline constexpr std::size_t kMostMenuItems = 40;
 } // namespace dialog
 
+@class OpenList;
+
 @interface LongPopUp : NSPopUpButton
 {
     std::vector<std::string> titles_; // empty while the menu holds them all
     std::size_t chosen_;
+    OpenList* list_; // of these titles, to be opened again; nil before it was opened
 }
 
 // More than kMostMenuItems, the first one chosen.

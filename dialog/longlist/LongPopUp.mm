@@ -4,6 +4,7 @@
 #include "dialog/longlist/ListMoves.hpp"
 #include "dialog/theme/Drawing.h"
 #include "dialog/theme/TapeTheme.h"
+#include "dialog/toolkit/WindowServer.h"
 
 #include <optional>
 #include <utility>
@@ -36,6 +37,22 @@ std::optional<dialog::ListKey> listKey(unichar key)
     default:
         return std::nullopt;
     }
+}
+
+CGFloat widthOnScreen(NSView* control)
+{
+    return [control convertSize:[control bounds].size toView:nil].width;
+}
+
+// Of a list so high under the control, or above it where there is no room.
+NSPoint cornerUnder(NSView* control, CGFloat height)
+{
+    NSWindow* const host = [control window];
+    const NSPoint corner =
+        [host convertBaseToScreen:[control convertRect:[control bounds] toView:nil].origin];
+    const NSRect screen = [[host screen] visibleFrame];
+    return NSMakePoint(corner.x,
+                       dialog::listBottom(corner.y, height, NSMinY(screen), NSMaxY(screen)));
 }
 
 enum class Ending
@@ -115,6 +132,8 @@ enum class Ending
 {
     dialog::fillRect(rect, dialog::Role::Menu);
     NSFont* const font = [NSFont systemFontOfSize:kFontSize];
+    const dialog::LineDrawer plain(font, dialog::Role::Text);
+    const dialog::LineDrawer onAccent(font, dialog::Role::OnAccent);
     const dialog::Rows rows = [self rowsIn:rect];
     for (std::size_t row = rows.first; row < rows.end; ++row) {
         const NSRect frame = [self frameOfRow:row];
@@ -122,14 +141,13 @@ enum class Ending
         if (chosen) {
             dialog::fillRect(frame, dialog::Role::Accent);
         }
-        dialog::drawLine([self titleOfRow:row], NSInsetRect(frame, kTextInset, 0), font,
-                         chosen ? dialog::Role::OnAccent : dialog::Role::Text);
+        (chosen ? onAccent : plain).draw([self titleOfRow:row], NSInsetRect(frame, kTextInset, 0));
     }
 }
 
 @end
 
-// One opening of a list, from the click to the choice.
+// The window of a list.  It stays when the list is closed, for the next time.
 @interface OpenList : NSObject
 {
     NSWindow* window_;
@@ -140,16 +158,16 @@ enum class Ending
     const std::vector<std::string>* titles_;
 }
 
-- (id)initUnder:(NSView*)control
-         titles:(const std::vector<std::string>&)titles
-            row:(std::size_t)row;
-// Until the user has chosen or given up; the row, or no value.
-- (std::optional<std::size_t>)track;
+- (id)initWithTitles:(const std::vector<std::string>&)titles under:(NSView*)control;
+- (CGFloat)width;
+// One opening under the control, from the click until the user has chosen or given up; the row, or
+// no value.
+- (std::optional<std::size_t>)trackUnder:(NSView*)control from:(std::size_t)row;
 @end
 
 @implementation OpenList
 
-- (id)initUnder:(NSView*)control titles:(const std::vector<std::string>&)titles row:(std::size_t)row
+- (id)initWithTitles:(const std::vector<std::string>&)titles under:(NSView*)control
 {
     self = [super init];
     if (self == nil) {
@@ -157,16 +175,12 @@ enum class Ending
     }
     titles_ = &titles;
     typed_ = [[NSMutableString alloc] init];
-    NSWindow* const host = [control window];
-    const NSRect inWindow = [control convertRect:[control bounds] toView:nil];
-    const NSPoint corner = [host convertBaseToScreen:inWindow.origin];
-    const NSRect screen = [[host screen] visibleFrame];
-    const CGFloat height =
-        std::min(kMostHeight, kRowHeight * static_cast<CGFloat>(titles.size())) + 2 * kEdge;
-    const NSRect frame =
-        NSMakeRect(corner.x, dialog::listBottom(corner.y, height, NSMinY(screen), NSMaxY(screen)),
-                   NSWidth(inWindow), height);
-
+    const NSSize size = NSMakeSize(
+        widthOnScreen(control),
+        std::min(kMostHeight, kRowHeight * static_cast<CGFloat>(titles.size())) + 2 * kEdge);
+    const NSPoint corner = cornerUnder(control, size.height);
+    const NSRect frame = NSMakeRect(corner.x, corner.y, size.width, size.height);
+    const dialog::WithoutIcons noIcon;
     window_ = [[NSWindow alloc] initWithContentRect:frame styleMask:NSBorderlessWindowMask
                                             backing:NSBackingStoreBuffered
                                               defer:NO];
@@ -175,7 +189,7 @@ enum class Ending
     [window_ setBackgroundColor:dialog::themeColor(dialog::Role::Border)];
     [window_ setAcceptsMouseMovedEvents:YES];
     NSScrollView* const scroll = [[NSScrollView alloc]
-        initWithFrame:NSInsetRect(NSMakeRect(0, 0, NSWidth(frame), height), kEdge, kEdge)];
+        initWithFrame:NSInsetRect(NSMakeRect(0, 0, size.width, size.height), kEdge, kEdge)];
     [scroll setHasVerticalScroller:YES];
     [scroll setBorderType:NSNoBorder];
     [scroll setLineScroll:kRowHeight];
@@ -183,11 +197,32 @@ enum class Ending
     [scroll setDocumentView:rows_];
     [[window_ contentView] addSubview:scroll];
     [scroll release];
+    return self;
+}
+
+- (CGFloat)width
+{
+    return NSWidth([window_ frame]);
+}
+
+- (void)placeUnder:(NSView*)control
+{
+    const NSPoint corner = cornerUnder(control, NSHeight([window_ frame]));
+    if (!NSEqualPoints(corner, [window_ frame].origin)) {
+        [window_ setFrameOrigin:corner];
+    }
+}
+
+- (void)startFrom:(std::size_t)row
+{
+    moved_ = NO;
+    [lastKey_ release];
+    lastKey_ = nil;
     [rows_ setRow:row];
     // In the middle, so that what lies around the chosen one is seen.
     const NSRect chosen = [rows_ frameOfRow:row];
+    const CGFloat height = NSHeight([window_ frame]);
     [rows_ scrollRectToVisible:NSInsetRect(chosen, 0, -(height - kRowHeight) / 2)];
-    return self;
 }
 
 - (void)dealloc
@@ -287,11 +322,19 @@ enum class Ending
     }
 }
 
-- (std::optional<std::size_t>)track
+- (std::optional<std::size_t>)trackUnder:(NSView*)control from:(std::size_t)row
 {
-    // Which draws it.
+    [self placeUnder:control];
+    [self startFrom:row];
+    // Which draws it the first time.
     [window_ orderFront:nil];
+    // What was drawn before is still there, and only has to come to the screen again.
+    NSView* const whole = [window_ contentView];
+    [whole lockFocus];
+    [whole unlockFocus];
+    [window_ disableFlushWindow];
     [window_ displayIfNeeded];
+    [window_ enableFlushWindow];
     [window_ flushWindow];
     Ending ending = Ending::StaysOpen;
     while (ending == Ending::StaysOpen) {
@@ -312,8 +355,21 @@ enum class Ending
 
 @implementation LongPopUp
 
+- (void)dealloc
+{
+    [list_ release];
+    [super dealloc];
+}
+
+- (void)forgetList
+{
+    [list_ release];
+    list_ = nil;
+}
+
 - (void)showLong:(std::vector<std::string>)titles
 {
+    [self forgetList];
     titles_ = std::move(titles);
     chosen_ = 0;
     [super removeAllItems];
@@ -323,6 +379,7 @@ enum class Ending
 
 - (void)showShort
 {
+    [self forgetList];
     titles_.clear();
     [super removeAllItems];
 }
@@ -372,9 +429,11 @@ enum class Ending
 - (void)openList
 {
     [[self window] makeFirstResponder:self];
-    OpenList* const list = [[OpenList alloc] initUnder:self titles:titles_ row:chosen_];
-    const std::optional<std::size_t> row = [list track];
-    [list release];
+    if ([list_ width] != widthOnScreen(self)) {
+        [self forgetList];
+        list_ = [[OpenList alloc] initWithTitles:titles_ under:self];
+    }
+    const std::optional<std::size_t> row = [list_ trackUnder:self from:chosen_];
     if (row && *row != chosen_) {
         chosen_ = *row;
         [self showChosen];

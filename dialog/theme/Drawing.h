@@ -57,7 +57,23 @@ void drawChevron(NSPoint center, CGFloat span, Direction direction, BOOL flipped
 // A check mark that fills a square of `side` around `center`.
 void drawCheckMark(NSPoint center, CGFloat side, BOOL flipped, Role role);
 
-// One line of text, vertically in the middle, cut at the end with an ellipsis.
+// Lines of text of one font and colour, each vertically in the middle of a rectangle and cut at the
+// end with an ellipsis.
+class LineDrawer
+{
+  public:
+    LineDrawer(NSFont* font, Role role); // nil for the system's
+    ~LineDrawer();
+    LineDrawer(const LineDrawer&) = delete;
+    LineDrawer& operator=(const LineDrawer&) = delete;
+
+    void draw(NSString* text, NSRect rect) const;
+
+  private:
+    NSDictionary* attributes_;
+};
+
+// One line.
 void drawLine(NSString* text, NSRect rect, NSFont* font, Role role);
 
 } // namespace dialog

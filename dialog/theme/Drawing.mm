@@ -147,23 +147,37 @@ void drawCheckMark(NSPoint center, CGFloat side, BOOL flipped, Role role)
     strokeOpen(path, role);
 }
 
-void drawLine(NSString* text, NSRect rect, NSFont* font, Role role)
+LineDrawer::LineDrawer(NSFont* font, Role role)
+{
+    NSMutableParagraphStyle* const style = [[NSParagraphStyle defaultParagraphStyle] mutableCopy];
+    [style setLineBreakMode:NSLineBreakByTruncatingTail];
+    attributes_ = [@{
+        NSFontAttributeName : font != nil ? font : [NSFont systemFontOfSize:0],
+        NSForegroundColorAttributeName : themeColor(role),
+        NSParagraphStyleAttributeName : style
+    } retain];
+    [style release];
+}
+
+LineDrawer::~LineDrawer()
+{
+    [attributes_ release];
+}
+
+void LineDrawer::draw(NSString* text, NSRect rect) const
 {
     if ([text length] == 0 || NSIsEmptyRect(rect)) {
         return;
     }
-    NSMutableParagraphStyle* const style =
-        [[[NSParagraphStyle defaultParagraphStyle] mutableCopy] autorelease];
-    [style setLineBreakMode:NSLineBreakByTruncatingTail];
-    NSDictionary* const attributes = @{
-        NSFontAttributeName : font != nil ? font : [NSFont systemFontOfSize:0],
-        NSForegroundColorAttributeName : themeColor(role),
-        NSParagraphStyleAttributeName : style
-    };
-    const CGFloat height = [text sizeWithAttributes:attributes].height;
+    const CGFloat height = [text sizeWithAttributes:attributes_].height;
     rect.origin.y += floor((NSHeight(rect) - height) / 2);
     rect.size.height = height;
-    [text drawInRect:rect withAttributes:attributes];
+    [text drawInRect:rect withAttributes:attributes_];
+}
+
+void drawLine(NSString* text, NSRect rect, NSFont* font, Role role)
+{
+    LineDrawer(font, role).draw(text, rect);
 }
 
 } // namespace dialog

@@ -10,4 +10,22 @@ namespace dialog {
 // another window system.
 void askWindowServerLess();
 
+// As long as one lives, windows are made without the program's icon, which the toolkit otherwise
+// works out and sends with each: 140 kilobytes before the window can be shown.  Without effect
+// where askWindowServerLess() has none.
+class WithoutIcons
+{
+  public:
+    WithoutIcons() noexcept;
+    ~WithoutIcons();
+    WithoutIcons(const WithoutIcons&) = delete;
+    WithoutIcons& operator=(const WithoutIcons&) = delete;
+
+  private:
+    const bool before_;
+};
+
+// The icon for such a window after all, by the toolkit's number of it; nothing for another number.
+void giveIcon(int windowNumber);
+
 } // namespace dialog

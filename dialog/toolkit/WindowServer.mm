@@ -3,6 +3,7 @@
 #include "dialog/toolkit/FrameWidths.hpp"
 
 #include <AppKit/AppKit.h>
+#include <GNUstepGUI/GSDisplayServer.h>
 #include <objc/runtime.h>
 
 #include <cstring>
@@ -18,14 +19,17 @@ using StyleOffsets = void (*)(id, SEL, float*, float*, float*, float*, unsigned 
 using ProcessEvent = void (*)(id, SEL, void*);
 using FlushWindowRect = void (*)(id, SEL, NSRect, int);
 using ResetCursorRects = void (*)(id, SEL);
+using SetIcon = void (*)(id, SEL, unsigned long);
 
 StyleOffsets styleOffsetsOfToolkit = nullptr;
 ProcessEvent processEventOfToolkit = nullptr;
 FlushWindowRect flushWindowRectOfToolkit = nullptr;
 ResetCursorRects resetCursorRectsOfToolkit = nullptr;
+SetIcon setIconOfToolkit = nullptr;
 
 FrameWidthsKept kept;
 bool isTyping = false;
+bool isWithoutIcons = false;
 
 void styleOffsets(id self, SEL selector, float* left, float* right, float* top, float* bottom,
                   unsigned int style, unsigned long window)
@@ -67,6 +71,13 @@ void resetCursorRects(id self, SEL selector)
     }
 }
 
+void setIcon(id self, SEL selector, unsigned long window)
+{
+    if (!isWithoutIcons) {
+        setIconOfToolkit(self, selector, window);
+    }
+}
+
 // Another release may have a method of this name that takes something else.
 bool takes(Class cls, SEL selector, const char* types)
 {
@@ -100,8 +111,33 @@ void askWindowServerLess()
     replace(server, offsets, &styleOffsets, styleOffsetsOfToolkit);
     replace(server, process, &processEvent, processEventOfToolkit);
     replace(server, flush, &flushWindowRect, flushWindowRectOfToolkit);
+    const SEL icon = sel_registerName("_setNetWMIconFor:");
+    if (takes(server, icon, "v24@0:8Q16")) {
+        replace(server, icon, &setIcon, setIconOfToolkit);
+    }
     replace([NSWindow class], @selector(resetCursorRects), &resetCursorRects,
             resetCursorRectsOfToolkit);
+}
+
+WithoutIcons::WithoutIcons() noexcept : before_(isWithoutIcons)
+{
+    isWithoutIcons = true;
+}
+
+WithoutIcons::~WithoutIcons()
+{
+    isWithoutIcons = before_;
+}
+
+void giveIcon(int windowNumber)
+{
+    NSWindow* const window = GSWindowWithNumber(windowNumber);
+    if (window == nil || setIconOfToolkit == nullptr) {
+        return;
+    }
+    GSDisplayServer* const server = GSServerForWindow(window);
+    setIconOfToolkit(server, sel_registerName("_setNetWMIconFor:"),
+                     reinterpret_cast<unsigned long>([server windowDevice:windowNumber]));
 }
 
 } // namespace dialog

@@ -58,6 +58,7 @@
 namespace {
 
 int questions = 0;
+int icons = 0; // properties of a picture's size
 
 bool waitFor(const std::function<bool()>& isSo)
 {
@@ -140,6 +141,37 @@ TEST_F(WindowServer, IsAskedAgainOnceItHasToldOfAChange)
     EXPECT_GT(questions, before);
 }
 
+TEST_F(WindowServer, GetsTheIconOfAWindowMadeWithoutItWhenItIsGiven)
+{
+    int before = icons;
+    const auto newWindow = [] {
+        NSWindow* const window = [[[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, 50, 50)
+                                                              styleMask:NSBorderlessWindowMask
+                                                                backing:NSBackingStoreBuffered
+                                                                  defer:NO] autorelease];
+        [window setReleasedWhenClosed:NO];
+        return window;
+    };
+    newWindow();
+    EXPECT_EQ(icons, before + 1);
+    before = icons;
+    NSWindow* without = nil;
+    {
+        const dialog::WithoutIcons outer;
+        {
+            const dialog::WithoutIcons inner;
+        }
+        without = newWindow();
+    }
+    EXPECT_EQ(icons, before);
+    dialog::giveIcon(static_cast<int>([without windowNumber]));
+    EXPECT_EQ(icons, before + 1);
+    dialog::giveIcon(0); // no window's number
+    EXPECT_EQ(icons, before + 1);
+    newWindow();
+    EXPECT_EQ(icons, before + 2);
+}
+
 TEST_F(WindowServer, FindsWhatThePointerShowsOnceTheMouseIsUsedAgain)
 {
     ASSERT_EQ(std::system("xdotool mousemove 5 5 key a"), 0);
@@ -169,6 +201,16 @@ XGetWindowProperty(void* display, unsigned long window, unsigned long property, 
     ++questions;
     return real(display, window, property, offset, length, remove, type, typeFound, format, count,
                 left, data);
+}
+
+extern "C" __attribute__((visibility("default"))) int
+XChangeProperty(void* display, unsigned long window, unsigned long property, unsigned long type,
+                int format, int mode, const unsigned char* data, int count)
+{
+    static const auto real =
+        reinterpret_cast<decltype(&XChangeProperty)>(dlsym(RTLD_NEXT, "XChangeProperty"));
+    icons += count > 16 * 16 ? 1 : 0;
+    return real(display, window, property, type, format, mode, data, count);
 }
 
 int main(int argc, char** argv, char** environment)
