@@ -17,6 +17,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -309,15 +310,20 @@ void measurePrinter(Meter& meter, const Running& running, const std::string& at)
 {
     NSPopUpButton* const printers = [running.window() printerPopUp];
     const NSInteger before = [printers indexOfSelectedItem];
+    // What is tidied up after the drawing is not waited for.
+    std::optional<Pool> pool;
     meter.measure(
         "another printer" + at,
         [&] {
-            const Pool pool;
             [printers selectItemAtIndex:before + ([printers indexOfSelectedItem] == before)];
             [running.controller() choosePrinter:nil];
             running.waitForPanel();
             running.draw();
-        }, nullptr, [&] { running.rest(); });
+        }, [&] { pool.emplace(); },
+        [&] {
+            pool.reset();
+            running.rest();
+        });
 }
 
 } // namespace

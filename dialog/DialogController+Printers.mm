@@ -196,6 +196,10 @@ dialog::PrinterFinder::Clock::time_point now()
     [self fillTapes];
     [self complainOfPaper];
     [self openPanel];
+    if ([[window_ window] isVisible]) {
+        // Before what was needed to open the panel is tidied up.
+        [[window_ window] displayIfNeeded];
+    }
 }
 
 // Of a printer that may yet give way to another there is nothing to complain.
