@@ -16,14 +16,23 @@ MIRRORS = {
     "textentry/PDETextField.mm": "TextField_test",
 }
 
-# What the tests of rules test.
+# What other tests test.
 TESTED = {
-    "DialogLayout_test": "dialog/Layout.cpp",
-    "KeystrokeSweep_test": "textentry/KeystrokeRules.cpp",
-    "Language_test": "dialog/language/Language.cpp",
-    "NumberLocale_test": "textentry/PDEFormatter.mm",
-    "PrintServer_test": "dialog/printers/PrintServer.cpp",
-    "SavingSweep_test": "pagesettings/Saving.cpp",
-    "SummarySweep_test": "pagesettings/SummaryLines.cpp",
-    "ValidationSweep_test": "pagesettings/Validation.cpp",
+    "DecimalComma_test": ("pagesettings/PageSettingPDE+initialize.mm",
+                          "pagesettings/PageSettingPDE+Save.mm",
+                          "pagesettings/PageSettingPDE+Summary.mm"),
+    "DialogLayout_test": ("dialog/Layout.cpp",),
+    "Features_test": ("dialog/ppd/PPDFile.cpp",),
+    "KeystrokeSweep_test": ("textentry/KeystrokeRules.cpp",),
+    "Language_test": ("dialog/language/Language.cpp",),
+    "Lifetimes_test": ("plugin/PlugIn.mm", "plugin/BasePDE.mm", "pagesettings/PageSettingPDE.mm"),
+    "Locale_test": ("platform/CoreFoundation.mm",),
+    "NumberLocale_test": ("textentry/PDEFormatter.mm",),
+    "PanelTwin_test": ("dialog/twin/PanelSettings.cpp",),
+    "PrintServer_test": ("dialog/printers/PrintServer.cpp",),
+    "Resolving_test": ("dialog/features/ConflictText.cpp",),
+    "SavingSweep_test": ("pagesettings/Saving.cpp", "pagesettings/PageSettingPDE+Save.mm"),
+    "SummarySweep_test": ("pagesettings/SummaryLines.cpp",),
+    "TollFree_test": ("platform/CoreFoundation.mm",),
+    "ValidationSweep_test": ("pagesettings/Validation.cpp",),
 }

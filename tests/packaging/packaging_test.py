@@ -32,10 +32,12 @@ def AnInstallationUnderAPrefixPrintsInAnyLanguage(folder):
     prefix = install(folder)
     program = prefix / "bin/tape-print"
     assert output_of(program, "--version").startswith("tape-print ")
-    for locale, line in (("C.UTF-8", "Margin: 3.0mm"), ("de_DE.UTF-8", "Rand: 3.0mm"),
-                         ("ja_JP.UTF-8", "余白: 3.0mm")):
+    for locale, word, line in (("C.UTF-8", "Printed into", "Margin: 3.0mm"),
+                               ("de_DE.UTF-8", "gedruckt", "Rand: 3.0mm"),
+                               ("ja_JP.UTF-8", "印刷しました", "余白: 3.0mm")):
         out = pathlib.Path(folder) / locale
-        output_of(program, "--print-at-once", "--output", out, LC_ALL=locale, LANG=locale)
+        answer = output_of(program, "--print-at-once", "--output", out, LC_ALL=locale, LANG=locale)
+        assert word in answer, answer  # the program's own words; the summary has the panel's
         summary = (out / "job-1/summary").read_text()
         assert line in summary.splitlines(), summary
         assert "VnMargin=3.0" in (out / "job-1/options").read_text().splitlines()
