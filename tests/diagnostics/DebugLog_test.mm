@@ -161,6 +161,8 @@ TEST(Log, SurvivesAMissingFormat)
 TEST(Log, ExportsTheFormatHelperToNobody)
 {
     EXPECT_EQ(exportedSymbol("Format"), nullptr);
+    // As C++ calls it.
+    EXPECT_EQ(exportedSymbol("_Z6FormatP11objc_objectP8NSStringS2_"), nullptr);
 }
 
 // One option.

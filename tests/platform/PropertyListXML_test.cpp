@@ -211,6 +211,15 @@ TEST(PropertyListXML, ReadsListsAsDeepAsTheLimitAndNoDeeper)
     EXPECT_FALSE(isRefused(nested(kDeepestPropertyList + 1))); // the outermost is level 0
     EXPECT_TRUE(isRefused(nested(kDeepestPropertyList + 2)));
     EXPECT_TRUE(isRefused(nested(200000)));
+
+    const auto nestedByKeys = [](int levels) {
+        std::string content = "<true/>";
+        for (int i = 0; i < levels; ++i)
+            content = "<dict><key>a</key>" + content + "</dict>";
+        return list(content);
+    };
+    EXPECT_FALSE(isRefused(nestedByKeys(kDeepestPropertyList))); // what is innermost is a level too
+    EXPECT_TRUE(isRefused(nestedByKeys(kDeepestPropertyList + 1)));
 }
 
 TEST(PropertyListXML, WritesEachKindOfValue)
@@ -313,6 +322,27 @@ TEST(PropertyListXML, RefusesACommentOrMarkedSectionWithoutAnEndWhereverItStands
           "<plist><array><!-- ", "<plist><dict><!-- ", "<plist><dict><key>a</key><!-- ",
           "<plist><string>a<!-- ", "<plist><string>a<![CDATA[b", "<plist><? "})
         EXPECT_TRUE(isRefused(document)) << document;
+}
+
+TEST(PropertyListXML, RefusesAFaultThatTheEndOfTheListFollows)
+{
+    for (const char* content :
+         {"<string>a&bogus;", "<array><string <", "<dict><key <", "<dict><key>a&bogus;",
+          "<dict><key>a</key><string <", "<dict><key>a</key><string>b&bogus;", "<true <"})
+        EXPECT_TRUE(isRefused(list(content))) << content;
+}
+
+TEST(PropertyListXML, SaysThatAMarkedSectionHasNoEnd)
+{
+    EXPECT_STREQ(parsePropertyListXML("<plist><string>a<![CDATA[b").problem,
+                 "The text ends in the middle of a tag or comment.");
+}
+
+TEST(PropertyListXML, DoesNotEndACommentByTheDashesOfItsBeginning)
+{
+    EXPECT_EQ(text("<!-->--><string>a</string>"), "a");
+    EXPECT_EQ(text("<string>a<!-->b--></string>"), "a");
+    EXPECT_EQ(text("<string>a<!--->b--></string>"), "a");
 }
 
 TEST(PropertyListXML, RefusesEndTagsThatCloseSomethingElse)
