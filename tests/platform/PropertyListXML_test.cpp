@@ -332,10 +332,19 @@ TEST(PropertyListXML, RefusesAFaultThatTheEndOfTheListFollows)
         EXPECT_TRUE(isRefused(list(content))) << content;
 }
 
-TEST(PropertyListXML, SaysThatAMarkedSectionHasNoEnd)
+TEST(PropertyListXML, SaysWhatIsWrong)
 {
     EXPECT_STREQ(parsePropertyListXML("<plist><string>a<![CDATA[b").problem,
                  "The text ends in the middle of a tag or comment.");
+    EXPECT_STREQ(parsePropertyListXML(list("<real>x</real>")).problem, "A number is not one.");
+    EXPECT_STREQ(parsePropertyListXML(list("<date>x</date>")).problem, "A date is not one.");
+}
+
+TEST(PropertyListXML, RefusesAListThatBeginsByAnotherTag)
+{
+    for (const char* document :
+         {"</plist><true/></plist>", "<plist/><true/></plist>", "<xml><true/></plist>"})
+        EXPECT_TRUE(isRefused(document)) << document;
 }
 
 TEST(PropertyListXML, DoesNotEndACommentByTheDashesOfItsBeginning)
@@ -447,8 +456,15 @@ TEST(IsXMLText, RefusesACharacterThatIsCutOffAtTheEnd)
     EXPECT_TRUE(isXMLText("a\xf0\x9f\x8f\xb7"));
 }
 
+TEST(IsXMLText, TakesTheFirstAndLastCharacterOfTwoBytes)
+{
+    EXPECT_TRUE(isXMLText("\xc2\x80x"));
+    EXPECT_TRUE(isXMLText("\xdf\xbfx"));
+}
+
 TEST(IsXMLText, RefusesACharacterThatIsWrittenLongerThanItNeedsToBe)
 {
+    EXPECT_FALSE(isXMLText("\xc1\xbf"));         // U+007F in two bytes
     EXPECT_FALSE(isXMLText("\xe0\x9f\xbf"));     // U+07FF in three bytes
     EXPECT_TRUE(isXMLText("\xe0\xa0\x80"));      // U+0800
     EXPECT_FALSE(isXMLText("\xf0\x8f\xbf\xbd")); // U+FFFD in four bytes
