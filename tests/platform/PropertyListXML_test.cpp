@@ -462,6 +462,12 @@ TEST(IsXMLText, TakesTheFirstAndLastCharacterOfTwoBytes)
     EXPECT_TRUE(isXMLText("\xdf\xbfx"));
 }
 
+TEST(IsXMLText, RefusesAByteThatBeginsNoCharacter)
+{
+    for (const char* bytes : {"\x84\x80\x80\x80", "\xc1\x90\x80\x80", "\xf8\x90\x80\x80"})
+        EXPECT_FALSE(isXMLText(bytes));
+}
+
 TEST(IsXMLText, RefusesACharacterThatIsWrittenLongerThanItNeedsToBe)
 {
     EXPECT_FALSE(isXMLText("\xc1\xbf"));         // U+007F in two bytes
