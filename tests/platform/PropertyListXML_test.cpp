@@ -454,6 +454,13 @@ TEST(IsXMLText, RefusesACharacterThatIsCutOffAtTheEnd)
     EXPECT_FALSE(isXMLText("a\xe2\x82"));
     EXPECT_FALSE(isXMLText("a\xf0\x9f\x8f"));
     EXPECT_TRUE(isXMLText("a\xf0\x9f\x8f\xb7"));
+    // What lies behind the text is not looked at.
+    EXPECT_FALSE(isXMLText(std::string_view("a\xc3\xa9", 2)));
+}
+
+TEST(IsXMLText, TakesEveryCapitalLetterForOne)
+{
+    EXPECT_TRUE(isXMLText("@ABCDEFGHIJKLMNOPQRSTUVWXYZ"));
 }
 
 TEST(IsXMLText, TakesTheFirstAndLastCharacterOfTwoBytes)
