@@ -1,6 +1,7 @@
 #include "dialog/background/PrinterOpener.hpp"
 
 #include "dialog/BuiltIn.hpp"
+#include "dialog/Translate.hpp"
 #include "dialog/printers/PrintServer.hpp"
 
 #include <utility>
@@ -59,7 +60,9 @@ std::optional<OpenedPPD> PrinterOpener::poll(Clock::time_point now,
     if (!opened && opening_.underWay() && now >= deadline_) {
         opening_ = {};
         opened.emplace();
-        opened->failure = ppdNotSent(printer_.name);
+        opened->failure = printer_.kind == PrinterKind::PPDFile
+                              ? ppdNotReadable(printer_.ppdPath, tr("it takes too long"))
+                              : ppdNotSent(printer_.name);
     }
     return opened;
 }

@@ -466,7 +466,7 @@ held_back("Constraint-sets-in-a-ring", put(
            '*cupsUIConstraints b: "*Resolution 300x300dpi *VnPriority Speed"\n'
            '*cupsUIResolver a: "*Resolution 300x600dpi"\n*cupsUIResolver b: "*VnPriority Finer"\n'))
 held_back("Constraints-by-thousands", put(
-    "end", "*UIConstraints: *VnPriority Speed *Resolution 300x300dpi\n" * 20000))
+    "end", "*UIConstraints: *VnPriority Speed *Resolution 300x300dpi\n" * 10000))
 case("Attributes-by-thousands", put("end", "".join('*X{}: "v"\n'.format(i) for i in range(50000))))
 case("Languages-unknown", put("end", '*cupsLanguages: "xx yy"\n*xx.Translation VnPriority/Q: ""\n'))
 case("Custom-size-whole", put(

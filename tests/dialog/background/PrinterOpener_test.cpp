@@ -88,5 +88,21 @@ TEST(PrinterOpener, GivesUpAtTheDeadlineAndNotBefore)
     EXPECT_FALSE(opener.underWay());
 }
 
+TEST(PrinterOpener, BlamesNoServerForAFileThatTakesTooLong)
+{
+    std::promise<void> gate;
+    PrinterOpener opener(hangingFor(gate.get_future().share()));
+    PrinterEntry file = queue("slow");
+    file.kind = PrinterKind::PPDFile;
+    file.ppdPath = "/far/away.ppd";
+    const Clock::time_point start = Clock::now();
+    opener.begin(file, start);
+    const auto opened = opener.poll(start + PrinterOpener::kDeadline);
+    gate.set_value();
+    ASSERT_TRUE(opened);
+    EXPECT_EQ(opened->failure.text, "The PPD \"/far/away.ppd\" cannot be read: it takes too long.");
+    EXPECT_EQ(opened->failure.status, ExitStatus::BadPPD);
+}
+
 } // namespace
 } // namespace dialog
