@@ -7,8 +7,6 @@ namespace dialog {
 
 namespace {
 
-constexpr std::size_t kLongest = 200;
-
 struct Span
 {
     char16_t first;
@@ -48,7 +46,7 @@ bool isLigature(char16_t first, char16_t second) noexcept
 
 bool isPlainLine(std::u16string_view text) noexcept
 {
-    return !text.empty() && text.size() <= kLongest && text.front() != u' ' &&
+    return !text.empty() && text.size() <= kLongestPlainLine && text.front() != u' ' &&
            text.back() != u' ' && std::all_of(text.begin(), text.end(), isPlain) &&
            std::adjacent_find(text.begin(), text.end(), isLigature) == text.end();
 }

@@ -1,6 +1,7 @@
 #include "dialog/theme/QuickText.h"
 
 #include "dialog/theme/PlainText.hpp"
+#include "dialog/toolkit/ReplaceMethod.h"
 
 #include <AppKit/AppKit.h>
 #include <GNUstepGUI/GSFontInfo.h>
@@ -26,7 +27,6 @@ DrawInRect drawInRectOfToolkit = nullptr;
 DrawAtPoint drawAtPointOfToolkit = nullptr;
 DrawAttributedInRect drawAttributedOfToolkit = nullptr;
 
-constexpr std::size_t kLongest = 200;
 constexpr std::size_t kMostFonts = 24;
 // The toolkit draws so many letters at a time, each time from where the first of them stands.
 constexpr std::size_t kAtATime = 16;
@@ -84,8 +84,8 @@ Letters& lettersOf(NSFont* font)
 // A text set in one line.
 struct Line
 {
-    std::array<NSGlyph, kLongest> glyphs;
-    std::array<NSSize, kLongest> advances;
+    std::array<NSGlyph, kLongestPlainLine> glyphs;
+    std::array<NSSize, kLongestPlainLine> advances;
     std::size_t count = 0;
     NSFont* font = nil;
     NSColor* color = nil;
@@ -125,9 +125,9 @@ bool takeStyle(NSParagraphStyle* style, Line& line)
 // False when this text is the toolkit's.
 bool set(NSString* text, NSDictionary* attributes, Line& line)
 {
-    std::array<unichar, kLongest> characters;
+    std::array<unichar, kLongestPlainLine> characters;
     const NSUInteger length = [text length];
-    if (length == 0 || length > kLongest) {
+    if (length == 0 || length > kLongestPlainLine) {
         return false;
     }
     NSUInteger known = 0;
@@ -229,13 +229,6 @@ void drawAttributedInRect(id self, SEL selector, NSRect rect)
     }
 }
 
-template <typename Function>
-void replace(Class cls, SEL selector, Function function, Function& before)
-{
-    before = reinterpret_cast<Function>(method_setImplementation(
-        class_getInstanceMethod(cls, selector), reinterpret_cast<IMP>(function)));
-}
-
 } // namespace
 
 void setTextQuickly()
@@ -244,11 +237,13 @@ void setTextQuickly()
         return;
     }
     const Class string = [NSString class];
-    replace(string, @selector(sizeWithAttributes:), &sizeWithAttributes, sizeOfToolkit);
-    replace(string, @selector(drawInRect:withAttributes:), &drawInRect, drawInRectOfToolkit);
-    replace(string, @selector(drawAtPoint:withAttributes:), &drawAtPoint, drawAtPointOfToolkit);
-    replace([NSAttributedString class], @selector(drawInRect:), &drawAttributedInRect,
-            drawAttributedOfToolkit);
+    replaceOwnMethod(string, @selector(sizeWithAttributes:), &sizeWithAttributes, sizeOfToolkit);
+    replaceOwnMethod(string, @selector(drawInRect:withAttributes:), &drawInRect,
+                     drawInRectOfToolkit);
+    replaceOwnMethod(string, @selector(drawAtPoint:withAttributes:), &drawAtPoint,
+                     drawAtPointOfToolkit);
+    replaceOwnMethod([NSAttributedString class], @selector(drawInRect:), &drawAttributedInRect,
+                     drawAttributedOfToolkit);
 }
 
 } // namespace dialog

@@ -1,6 +1,7 @@
 #include "dialog/toolkit/WindowServer.h"
 
 #include "dialog/toolkit/FrameWidths.hpp"
+#include "dialog/toolkit/ReplaceMethod.h"
 
 #include <AppKit/AppKit.h>
 #include <GNUstepGUI/GSDisplayServer.h>
@@ -86,13 +87,6 @@ bool takes(Class cls, SEL selector, const char* types)
            std::strncmp(method_getTypeEncoding(method), types, std::strlen(types)) == 0;
 }
 
-template <typename Function>
-void replace(Class cls, SEL selector, Function function, Function& before)
-{
-    before = reinterpret_cast<Function>(method_setImplementation(
-        class_getInstanceMethod(cls, selector), reinterpret_cast<IMP>(function)));
-}
-
 } // namespace
 
 void askWindowServerLess()
@@ -108,15 +102,15 @@ void askWindowServerLess()
         !takes(server, flush, "v52@0:8{_NSRect={_NSPoint=dd}{_NSSize=dd}}16i48")) {
         return;
     }
-    replace(server, offsets, &styleOffsets, styleOffsetsOfToolkit);
-    replace(server, process, &processEvent, processEventOfToolkit);
-    replace(server, flush, &flushWindowRect, flushWindowRectOfToolkit);
+    replaceOwnMethod(server, offsets, &styleOffsets, styleOffsetsOfToolkit);
+    replaceOwnMethod(server, process, &processEvent, processEventOfToolkit);
+    replaceOwnMethod(server, flush, &flushWindowRect, flushWindowRectOfToolkit);
     const SEL icon = sel_registerName("_setNetWMIconFor:");
     if (takes(server, icon, "v24@0:8Q16")) {
-        replace(server, icon, &setIcon, setIconOfToolkit);
+        replaceOwnMethod(server, icon, &setIcon, setIconOfToolkit);
     }
-    replace([NSWindow class], @selector(resetCursorRects), &resetCursorRects,
-            resetCursorRectsOfToolkit);
+    replaceOwnMethod([NSWindow class], @selector(resetCursorRects), &resetCursorRects,
+                     resetCursorRectsOfToolkit);
 }
 
 WithoutIcons::WithoutIcons() noexcept : before_(isWithoutIcons)
