@@ -2,15 +2,7 @@
 
 #include "dialog/PopUp.h"
 
-#include <AppKit/AppKit.h>
-#include <gtest/gtest.h>
-
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#include <sanitizer/lsan_interface.h>
-#define LOOKS_FOR_LEAKS 1
-#endif
-#endif
+#include "support/ToolkitTest.h"
 
 namespace {
 
@@ -40,14 +32,5 @@ TEST(PopUp, ShowsAnotherTitleOfARowAndMakesRoomForIt)
 int main(int argc, char** argv, char** environment)
 {
     testing::InitGoogleTest(&argc, argv);
-#ifdef LOOKS_FOR_LEAKS
-    __lsan_disable(); // what the toolkit sets up for the life of the process
-#endif
-    NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
-    [NSProcessInfo initializeWithArguments:argv count:1 environment:environment];
-    [[NSUserDefaults standardUserDefaults] registerDefaults:@{@"GSSuppressAppIcon" : @"YES"}];
-    [NSApplication sharedApplication];
-    const int status = RUN_ALL_TESTS();
-    [pool drain];
-    return status;
+    return runToolkitTests(argv, environment);
 }

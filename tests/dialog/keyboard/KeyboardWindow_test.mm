@@ -2,17 +2,10 @@
 
 #include "dialog/keyboard/KeyboardWindow.h"
 
-#include <AppKit/AppKit.h>
-#include <GNUstepGUI/GSDisplayServer.h>
-#include <gtest/gtest.h>
-#include <objc/runtime.h>
+#include "support/ToolkitTest.h"
 
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#include <sanitizer/lsan_interface.h>
-#define LOOKS_FOR_LEAKS 1
-#endif
-#endif
+#include <GNUstepGUI/GSDisplayServer.h>
+#include <objc/runtime.h>
 
 @interface Patch : NSView
 @end
@@ -75,23 +68,18 @@ TEST(KeyboardWindow, GivesAllThatHasChangedToTheScreenAtOnce)
     [window release];
 }
 
+void countFlushes()
+{
+    const Method method =
+        class_getInstanceMethod([GSCurrentServer() class], @selector(flushwindowrect::));
+    flushOfToolkit = reinterpret_cast<FlushWindowRect>(
+        method_setImplementation(method, reinterpret_cast<IMP>(&flush)));
+}
+
 } // namespace
 
 int main(int argc, char** argv, char** environment)
 {
     testing::InitGoogleTest(&argc, argv);
-#ifdef LOOKS_FOR_LEAKS
-    __lsan_disable(); // what the toolkit sets up for the life of the process
-#endif
-    NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
-    [NSProcessInfo initializeWithArguments:argv count:1 environment:environment];
-    [[NSUserDefaults standardUserDefaults] registerDefaults:@{@"GSSuppressAppIcon" : @"YES"}];
-    [NSApplication sharedApplication];
-    const Method method =
-        class_getInstanceMethod([GSCurrentServer() class], @selector(flushwindowrect::));
-    flushOfToolkit = reinterpret_cast<FlushWindowRect>(
-        method_setImplementation(method, reinterpret_cast<IMP>(&flush)));
-    const int status = RUN_ALL_TESTS();
-    [pool drain];
-    return status;
+    return runToolkitTests(argv, environment, {.withApplication = &countFlushes});
 }

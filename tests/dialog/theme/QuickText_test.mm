@@ -2,21 +2,13 @@
 
 #include "dialog/theme/QuickText.h"
 
-#include <AppKit/AppKit.h>
-#include <gtest/gtest.h>
+#include "support/ToolkitTest.h"
 
 #include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#include <sanitizer/lsan_interface.h>
-#define LOOKS_FOR_LEAKS 1
-#endif
-#endif
 
 @interface Sheet : NSView
 {
@@ -214,17 +206,5 @@ int main(int argc, char** argv, char** environment)
     if (argc > 2 && std::string_view(argv[1]) == "--scale") {
         scaleAsked = std::strtod(argv[2], nullptr);
     }
-#ifdef LOOKS_FOR_LEAKS
-    __lsan_disable(); // what the toolkit sets up for the life of the process
-#endif
-    NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
-    [NSProcessInfo initializeWithArguments:argv count:1 environment:environment];
-    [[NSUserDefaults standardUserDefaults] registerDefaults:@{
-        @"GSSuppressAppIcon" : @"YES",
-        @"GSScaleFactor" : [NSNumber numberWithDouble:scaleAsked]
-    }];
-    [NSApplication sharedApplication];
-    const int status = RUN_ALL_TESTS();
-    [pool drain];
-    return status;
+    return runToolkitTests(argv, environment, {.scale = scaleAsked});
 }

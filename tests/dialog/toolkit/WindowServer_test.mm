@@ -2,21 +2,13 @@
 
 #include "dialog/toolkit/WindowServer.h"
 
-#include <AppKit/AppKit.h>
-#include <gtest/gtest.h>
+#include "support/ToolkitTest.h"
 
 #include <dlfcn.h>
 
 #include <cstdlib>
 #include <functional>
 #include <string>
-
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#include <sanitizer/lsan_interface.h>
-#define LOOKS_FOR_LEAKS 1
-#endif
-#endif
 
 @interface CountingView : NSView
 {
@@ -216,16 +208,7 @@ XChangeProperty(void* display, unsigned long window, unsigned long property, uns
 int main(int argc, char** argv, char** environment)
 {
     testing::InitGoogleTest(&argc, argv);
-#ifdef LOOKS_FOR_LEAKS
-    __lsan_disable(); // what the toolkit sets up for the life of the process
-#endif
-    NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
-    [NSProcessInfo initializeWithArguments:argv count:1 environment:environment];
-    [[NSUserDefaults standardUserDefaults] registerDefaults:@{@"GSSuppressAppIcon" : @"YES"}];
-    dialog::askWindowServerLess();
-    [NSApplication sharedApplication];
-    [NSApp finishLaunching];
-    const int status = RUN_ALL_TESTS();
-    [pool drain];
-    return status;
+    return runToolkitTests(argv, environment,
+                           {.beforeApplication = &dialog::askWindowServerLess,
+                            .withApplication = [] { [NSApp finishLaunching]; }});
 }
