@@ -47,8 +47,10 @@ def arrived(number=1):
 
 
 def refused(arguments, status, *sentences, environment=None):
-    found, _, errors = run_once(PROGRAM, "--print-at-once", "--output", "/nonexistent/out",
-                                *arguments, environment=environment or NO_SERVER)
+    with tempfile.TemporaryDirectory() as folder:
+        found, _, errors = run_once(PROGRAM, "--print-at-once", "--output", folder + "/out",
+                                    *arguments, environment=environment or NO_SERVER)
+        equal(os.listdir(folder), [], "what was printed")
     equal(found, status, "exit status")
     for sentence in sentences:
         check(sentence in errors, "{!r} is not in {!r}".format(sentence, errors))
@@ -377,8 +379,9 @@ def a_picture_of_the_window_is_written():
 
 @test
 def a_missing_bundle_is_said():
-    refused(["--plugin", "/nonexistent/Page.plugin"], 4,
-            'there is no bundle at "/nonexistent/Page.plugin"')
+    with tempfile.TemporaryDirectory() as empty:
+        bundle = empty + "/Page.plugin"
+        refused(["--plugin", bundle], 4, 'there is no bundle at "{}"'.format(bundle))
 
 
 @test
@@ -464,7 +467,9 @@ def a_missing_server_is_said():
 
 @test
 def a_missing_document_is_said():
-    refused(["/nonexistent/label.png"], 7, 'The document "/nonexistent/label.png" cannot be read')
+    with tempfile.TemporaryDirectory() as empty:
+        document = empty + "/label.png"
+        refused([document], 7, 'The document "{}" cannot be read'.format(document))
 
 
 @test
@@ -500,7 +505,8 @@ def words_from_outside_are_no_formats_and_no_options():
         status, _, errors = run_once(PROGRAM, document, "--print-at-once", "--output", folder,
                                      environment=NO_SERVER)
         equal(status, 0, "exit status: " + errors)
-        refused(["/nonexistent/%n%s%@"], 7, '"/nonexistent/%n%s%@"')
+        missing = folder + "/missing/%n%s%@"
+        refused([missing], 7, '"{}"'.format(missing))
 
 
 # Jobs at a print server of the test's own.

@@ -51,7 +51,8 @@ TEST(PrinterOpener, OpensTheSampleAndAPPDFile)
 TEST(PrinterOpener, SaysWhyAPPDCannotBeOpened)
 {
     PrinterOpener opener;
-    opener.begin({PrinterKind::PPDFile, "gone", {}, {}, "/nonexistent/gone.ppd"}, Clock::now());
+    opener.begin({PrinterKind::PPDFile, "gone", {}, {}, SAMPLES_FOLDER "/missing.ppd"},
+                 Clock::now());
     const auto opened = opener.poll(Clock::now(), kPatience);
     ASSERT_TRUE(opened);
     EXPECT_EQ(opened->ppd.record(), nullptr);

@@ -177,10 +177,12 @@ def a_conflict_with_the_tape_is_said_when_the_tape_changes():
 
 @test
 def a_conflict_of_a_script_ends_with_its_sentence_and_status():
-    status, _, errors = run_once(PROGRAM, "--ppd", sample("many-features"), "--print-at-once",
-                                 "--output", "/nonexistent/out", "--set", "ChainPrint=True",
-                                 "--set", "CutDepth=Half", "--set", "TapeSaver=Both",
-                                 environment=NO_SERVER)
+    with tempfile.TemporaryDirectory() as folder:
+        status, _, errors = run_once(PROGRAM, "--ppd", sample("many-features"), "--print-at-once",
+                                     "--output", folder + "/out", "--set", "ChainPrint=True",
+                                     "--set", "CutDepth=Half", "--set", "TapeSaver=Both",
+                                     environment=NO_SERVER)
+        equal(os.listdir(folder), [], "what was printed")
     equal(status, 10, "exit status")
     sentence = ('Not printed: Chain printing "Yes" does not go with Depth of the cut "Tape alone"'
                 ' and Tape saver "Shorter lead and end".')

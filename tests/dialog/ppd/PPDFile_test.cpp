@@ -111,9 +111,10 @@ TEST(PPDFile, ThatIsDamagedIsSaidWithItsLine)
 TEST(PPDFile, ThatIsMissingOrAFolderIsSaid)
 {
     Failure failure;
-    EXPECT_EQ(PPDFile::fromPath("/nonexistent/a.ppd", failure).record(), nullptr);
+    const std::string missing = sample("-missing");
+    EXPECT_EQ(PPDFile::fromPath(missing, failure).record(), nullptr);
     EXPECT_EQ(failure.text,
-              "The PPD \"/nonexistent/a.ppd\" cannot be read: No such file or directory.");
+              "The PPD \"" + missing + "\" cannot be read: No such file or directory.");
     EXPECT_EQ(PPDFile::fromPath("/", failure).record(), nullptr);
     EXPECT_EQ(failure.text, "The PPD \"/\" cannot be read: it is not a regular file.");
 }

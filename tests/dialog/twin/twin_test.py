@@ -177,8 +177,9 @@ def every_mistake_has_its_status_and_its_sentence():
                  'The printer "sample-tape-resolution" has no tape named "A4".'),
                 (("--dry-run", "--ppd", broken), 6,
                  'The PPD "{}" is damaged in line 4: OpenGroup'.format(broken)),
-                (("--print", *own, "/nonexistent"), 7,
-                 'The document "/nonexistent" cannot be read: No such file or directory.'),
+                (("--print", *own, home + "/missing"), 7,
+                 'The document "{}/missing" cannot be read: No such file or directory.'
+                 .format(home)),
                 (("--print", *own, home), 7,
                  'The document "{}" cannot be read: it is not a regular file.'.format(home)),
                 (("--print", *own, "--output", broken + "/out"), 8,
@@ -271,11 +272,11 @@ def a_check_names_all_that_is_wrong_with_its_reason():
                'Inches, 1.0.',
                'fine: The printer "Sample Tape" has a PPD that can be used: Sample Tape, 1.0.'],
               "the others")
-        status, output, _ = run("--check", "--plugin", "/nonexistent/Page.plugin", home=home,
+        status, output, _ = run("--check", "--plugin", home + "/Page.plugin", home=home,
                                 **NO_SERVER)
         equal((status, output.splitlines()[0]),
               (4, 'wrong: The Page Settings panel is missing: there is no bundle at '
-                  '"/nonexistent/Page.plugin".'), "a bundle that is not there")
+                  '"{}/Page.plugin".'.format(home)), "a bundle that is not there")
 
 
 def texts_of(path, keyword):
