@@ -288,7 +288,7 @@ def ADamagedDocumentIsSaidAndCanBePrinted():
 
 
 def WithoutAPanelThereIsAnEmptyPicture():
-    with open_dialog("--plugin", "/nowhere/Panel.plugin") as dialog:
+    with open_dialog("--plugin", "/dev/null/Panel.plugin") as dialog:
         says(dialog, "Label Size", "No label to show")
         says(dialog, "Tape Used", "")
         pixels = Pixels(dialog)
