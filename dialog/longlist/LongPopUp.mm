@@ -221,7 +221,7 @@ enum class Ending
     [rows_ setRow:row];
     // In the middle, so that what lies around the chosen one is seen.
     const NSRect chosen = [rows_ frameOfRow:row];
-    const CGFloat height = NSHeight([window_ frame]);
+    const CGFloat height = NSHeight([rows_ visibleRect]);
     [rows_ scrollRectToVisible:NSInsetRect(chosen, 0, -(height - kRowHeight) / 2)];
 }
 

@@ -196,7 +196,7 @@ def another_tape_brings_its_own_length():
         equal((job["PageSize"], job["VnTapeLength"]), ("AV12x60", "60.0"), "tape and length")
 
 
-def many_tapes(folder, count=3000):
+def many_tapes(folder, count=3000, kind="tape"):
     """A PPD with that many tapes, T0 "0 mm tape" and on; T7 is the default."""
     with open(sample(""), encoding="utf-8") as file:
         lines = [line for line in file.read().split("\n")
@@ -206,13 +206,13 @@ def many_tapes(folder, count=3000):
         at = next(i for i, line in enumerate(lines) if line.startswith(beginning))
         lines[at:at + 1] = [beginning + " T7", *more]
     for option in ("PageSize", "PageRegion"):
-        after(f"*Default{option}:", *(f'*{option} T{i}/{i} mm tape: "<</PageSize[{i + 10} 200]>>"'
+        after(f"*Default{option}:", *(f'*{option} T{i}/{i} mm {kind}: "<</PageSize[{i + 10} 200]>>"'
                                       for i in range(count)))
     after("*DefaultImageableArea:", *(f'*ImageableArea T{i}: "1 2 {i + 9} 198"'
                                       for i in range(count)))
     after("*DefaultPaperDimension:", *(f'*PaperDimension T{i}: "{i + 10} 200"'
                                        for i in range(count)))
-    path = folder + "/many.ppd"
+    path = "{}/many-{}s.ppd".format(folder, kind)
     with open(path, "w", encoding="utf-8") as file:
         file.write("\n".join(lines))
     return path
