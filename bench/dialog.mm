@@ -9,6 +9,7 @@
 #include "dialog/theme/TapeTheme.h"
 #include "dialog/toolkit/KeepToOneself.h"
 #include "dialog/toolkit/OwnPasteboard.h"
+#include "dialog/toolkit/QuickInterface.h"
 #include "dialog/toolkit/WindowServer.h"
 
 #include <objc/runtime.h>
@@ -348,6 +349,7 @@ int main(int argc, char** argv, char** environment)
 
     [NSImageRep unregisterImageRepClass:NSClassFromString(@"GSImageMagickImageRep")];
     dialog::keepToOneself();
+    dialog::readInterfaceFilesQuickly();
     dialog::setUpPasteboards();
     dialog::askWindowServerLess();
     [TapePrintApplication sharedApplication];

@@ -154,8 +154,8 @@ dialog::PrinterFinder::Clock::time_point now()
     current_ = index;
     paperToOpen_ = paper;
     paperIsUnchecked_ = !paper.empty();
+    opener_.begin(printers_[index], now()); // on its way while the one before is closed
     [self closePrinter];
-    opener_.begin(printers_[index], now());
     if (auto opened = opener_.poll(now(), [[window_ window] isVisible] ? kAtOnce : kBeforeWindow)) {
         [self printerDidOpen:std::move(*opened)];
         return;

@@ -20,6 +20,7 @@
 #include "dialog/theme/TapeTheme.h"
 #include "dialog/toolkit/KeepToOneself.h"
 #include "dialog/toolkit/OwnPasteboard.h"
+#include "dialog/toolkit/QuickInterface.h"
 #include "dialog/toolkit/WindowServer.h"
 #include "dialog/twin/PanelCheck.h"
 
@@ -135,6 +136,7 @@ int main(int argc, char** argv, char** environment)
     // half of the start's time and 20 MB, for formats that a dialog has no pictures in.
     [NSImageRep unregisterImageRepClass:NSClassFromString(@"GSImageMagickImageRep")];
     dialog::keepToOneself();
+    dialog::readInterfaceFilesQuickly();
     dialog::setUpPasteboards();
     dialog::findPicturesAtOnce();
     const dialog::ExitStatus status = run(line, language);

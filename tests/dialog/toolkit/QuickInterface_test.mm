@@ -1,0 +1,143 @@
+#include "dialog/toolkit/QuickInterface.h"
+
+#include <Foundation/Foundation.h>
+#include <gtest/gtest.h>
+
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#include <sanitizer/lsan_interface.h>
+#define LOOKS_FOR_LEAKS 1
+
+// The toolkit's runtime keeps its class tables for the life of the process.
+extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions()
+{
+    return "leak:objc_malloc\n"
+           "leak:class_copyMethodList\n";
+}
+#endif
+#endif
+
+#include <dlfcn.h>
+#include <fcntl.h>
+
+#include <cstdarg>
+#include <cstddef>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace {
+
+int timesOpened = 0; // the device of random bytes
+
+class QuickInterface : public testing::Test
+{
+  protected:
+    QuickInterface() : pool_([[NSAutoreleasePool alloc] init])
+    {
+        dialog::readInterfaceFilesQuickly();
+        dialog::readInterfaceFilesQuickly();
+    }
+    ~QuickInterface() override { [pool_ drain]; }
+
+  private:
+    NSAutoreleasePool* pool_;
+};
+
+std::string newName()
+{
+    return [[[NSUUID UUID] UUIDString] UTF8String];
+}
+
+NSPredicate* isAction()
+{
+    return [NSPredicate predicateWithFormat:@"kind == 'action'"];
+}
+
+TEST_F(QuickInterface, GivesNamesByChanceOfWhichNoTwoAreAlike)
+{
+    std::set<std::string> names;
+    for (int i = 0; i < 1000; ++i) {
+        const std::string name = newName();
+        EXPECT_TRUE(names.insert(name).second) << name;
+        ASSERT_EQ(name.size(), 36U);
+        EXPECT_EQ(name[14], '4') << name;
+        EXPECT_NE(std::string_view("89AB").find(name[19]), std::string_view::npos) << name;
+    }
+}
+
+TEST_F(QuickInterface, OpensNoFileForAName)
+{
+    timesOpened = 0;
+    newName();
+    EXPECT_EQ(timesOpened, 0);
+}
+
+TEST_F(QuickInterface, WritesANameAsTheToolkitReadsIt)
+{
+    NSString* const text = @"0F1E2D3C-4B5A-6978-8796-A5B4C3D2E1F0";
+    NSUUID* const read = [[[NSUUID alloc] initWithUUIDString:text] autorelease];
+    EXPECT_TRUE([[read UUIDString] isEqualToString:text]);
+}
+
+TEST_F(QuickInterface, ParsesAConditionOfTheProgramsCodeOnce)
+{
+    EXPECT_EQ(isAction(), isAction());
+    EXPECT_TRUE([isAction() evaluateWithObject:@{@"kind" : @"action"}]);
+    EXPECT_FALSE([isAction() evaluateWithObject:@{@"kind" : @"outlet"}]);
+}
+
+TEST_F(QuickInterface, KeepsAConditionForThosePoolsThatEndLater)
+{
+    NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
+    NSPredicate* const first = [NSPredicate predicateWithFormat:@"number > 4"];
+    [pool drain];
+    EXPECT_EQ([NSPredicate predicateWithFormat:@"number > 4"], first);
+    EXPECT_TRUE([first evaluateWithObject:@{@"number" : @5}]);
+    EXPECT_FALSE([first evaluateWithObject:@{@"number" : @4}]);
+}
+
+TEST_F(QuickInterface, FillsThePlacesOfAConditionEachTime)
+{
+    for (int number = 1; number <= 3; ++number) {
+        NSPredicate* const isNumber = [NSPredicate predicateWithFormat:@"number == %d", number];
+        for (int other = 1; other <= 3; ++other) {
+            EXPECT_EQ([isNumber evaluateWithObject:@{@"number" : [NSNumber numberWithInt:other]}],
+                      static_cast<BOOL>(other == number));
+        }
+    }
+}
+
+TEST_F(QuickInterface, ParsesATextThatMayChangeAnew)
+{
+    NSMutableString* const format = [NSMutableString stringWithString:@"kind == 'action'"];
+    NSPredicate* const before = [NSPredicate predicateWithFormat:format];
+    [format setString:@"kind == 'outlet'"];
+    NSPredicate* const after = [NSPredicate predicateWithFormat:format];
+    EXPECT_TRUE([before evaluateWithObject:@{@"kind" : @"action"}]);
+    EXPECT_TRUE([after evaluateWithObject:@{@"kind" : @"outlet"}]);
+}
+
+} // namespace
+
+// In front of the C library's own, and counted.
+extern "C" __attribute__((visibility("default"))) int open(const char* path, int flags, ...)
+{
+    static const auto real =
+        reinterpret_cast<int (*)(const char*, int, ...)>(dlsym(RTLD_NEXT, "open"));
+    timesOpened += std::string_view(path) == "/dev/urandom" ? 1 : 0;
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
+    va_end(arguments);
+    return real(path, flags, mode);
+}
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+#ifdef LOOKS_FOR_LEAKS
+    __lsan_disable(); // what the toolkit sets up for the life of the process
+#endif
+    return RUN_ALL_TESTS();
+}
