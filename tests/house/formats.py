@@ -29,6 +29,7 @@ MEANT = {
     ('textentry/PDEFormatter.mm', 'mFormatString'): 'a date formatter shows dates by its format',
     ('textentry/PDEFormatter.mm', '(CFStringRef)format'): 'a number formatter shows by its format',
     ('platform/CoreFoundation.mm', 'string(format)'): 'CFStringCreateWithFormat',
+    ('dialog/toolkit/QuickInterface.mm', 'format arguments:'): 'the toolkit\'s own conditions',
 }
 
 
@@ -69,7 +70,8 @@ def check(root):
             if place < len(given) and not DECLARED.fullmatch(given[place]):
                 found.append((match, match.group(1), given[place]))
         for match in METHOD.finditer(text):
-            if not text[match.end():].startswith('('):  # a declaration has its type here
+            # A declaration has its type here, and a selector's name ends.
+            if not text[match.end():].startswith(('(', ')')):
                 found.append((match, match.group(1), text[match.end():].split('\n')[0].strip()))
         for match, call, used in found:
             if LITERAL.match(used) or any(
@@ -83,7 +85,8 @@ def check(root):
 GOOD = {
     'pagesettings/Good.mm': 'void f() { NSRunAlertPanel(@"%@", @"%@, (%d)", a, nil, nil, g(b, c));\n'
                             '[NSString stringWithFormat:@"%@ : ", title];\n'
-                            'NSLog(@"a "\n      @"b");\nstd::printf("%s\\n", x); }\n'
+                            'NSLog(@"a "\n      @"b");\n'
+                            'g(@selector(appendFormat:));\nstd::printf("%s\\n", x); }\n'
                             '// NSLog(text)\n',
 }
 
