@@ -1,6 +1,7 @@
 #include "dialog/theme/Drawing.h"
 
 #include "dialog/theme/Metrics.hpp"
+#include "dialog/theme/PlainText.hpp"
 #include "dialog/theme/TapeTheme.h"
 
 #include <algorithm>
@@ -29,6 +30,19 @@ void strokeOpen(NSBezierPath* path, Role role)
     [path setLineJoinStyle:NSRoundLineJoinStyle];
     [themeColor(role) set];
     [path stroke];
+}
+
+// The toolkit knows no ellipsis: it cuts, or goes on in a line that is not seen.
+NSString* cut(NSString* text, NSDictionary* attributes, CGFloat width)
+{
+    const auto beginning = [&](std::size_t units) {
+        // Not inside a letter of several units.
+        const NSRange letter = [text rangeOfComposedCharacterSequenceAtIndex:units];
+        return [[text substringToIndex:letter.location] stringByAppendingString:@"\u2026"];
+    };
+    return beginning(mostThatFit([text length], [&](std::size_t units) {
+        return [beginning(units) sizeWithAttributes:attributes].width <= width;
+    }));
 }
 
 } // namespace
@@ -169,10 +183,12 @@ void LineDrawer::draw(NSString* text, NSRect rect) const
     if ([text length] == 0 || NSIsEmptyRect(rect)) {
         return;
     }
-    const CGFloat height = [text sizeWithAttributes:attributes_].height;
-    rect.origin.y += floor((NSHeight(rect) - height) / 2);
-    rect.size.height = height;
-    [text drawInRect:rect withAttributes:attributes_];
+    const NSSize size = [text sizeWithAttributes:attributes_];
+    rect.origin.y += floor((NSHeight(rect) - size.height) / 2);
+    rect.size.height = size.height;
+    NSString* const shown =
+        size.width > NSWidth(rect) ? cut(text, attributes_, NSWidth(rect)) : text;
+    [shown drawInRect:rect withAttributes:attributes_];
 }
 
 void drawLine(NSString* text, NSRect rect, NSFont* font, Role role)

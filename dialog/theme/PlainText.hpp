@@ -27,4 +27,18 @@ bool isPlainLine(std::u16string_view text) noexcept;
 // wide.
 double lineStart(double lineWidth, double roomWidth, Alignment alignment) noexcept;
 
+// The most units, less than `length`, of which `fits` says yes, 0 when of none.  What is more than
+// units that do not fit does not fit either.
+template <typename Fits>
+std::size_t mostThatFit(std::size_t length, const Fits& fits)
+{
+    std::size_t most = 0;
+    std::size_t tooMany = length;
+    while (tooMany > most + 1) {
+        const std::size_t tried = most + (tooMany - most) / 2;
+        (fits(tried) ? most : tooMany) = tried;
+    }
+    return most;
+}
+
 } // namespace dialog

@@ -60,5 +60,23 @@ TEST(LineStart, IsAtTheLeftInTheMiddleOrAtTheRight)
     EXPECT_EQ(lineStart(75, 300.5, Alignment::Right), 225.5);
 }
 
+TEST(MostThatFit, IsTheLastOfThoseThatDoAndNeverAll)
+{
+    for (std::size_t length = 1; length <= 40; ++length) {
+        for (std::size_t most = 0; most < length; ++most) {
+            EXPECT_EQ(mostThatFit(length, [=](std::size_t units) { return units <= most; }), most);
+        }
+        EXPECT_EQ(mostThatFit(length, [](std::size_t) { return true; }), length - 1);
+    }
+    EXPECT_EQ(mostThatFit(0, [](std::size_t) { return true; }), 0u);
+}
+
+TEST(MostThatFit, AsksAFewTimes)
+{
+    int asked = 0;
+    mostThatFit(1024, [&](std::size_t units) { return ++asked > 0 && units < 700; });
+    EXPECT_LE(asked, 10);
+}
+
 } // namespace
 } // namespace dialog
