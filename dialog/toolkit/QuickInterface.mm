@@ -3,7 +3,8 @@
 #include "dialog/toolkit/ReplaceMethod.h"
 #include "dialog/toolkit/UUIDText.hpp"
 
-#include <Foundation/Foundation.h>
+#include <AppKit/AppKit.h>
+#include <GNUstepGUI/GSXibKeyedUnarchiver.h>
 
 #include <cstdarg>
 #include <mutex>
@@ -16,7 +17,9 @@ namespace dialog {
 namespace {
 
 using Init = id (*)(id, SEL);
+using IsNewFormat = BOOL (*)(id, SEL, NSData*);
 Init initOfToolkit = nullptr;
+IsNewFormat isNewFormatOfToolkit = nullptr;
 
 id initWithRandomBytes(id uuid, SEL selector)
 {
@@ -66,6 +69,19 @@ NSPredicate* keptPredicate(id cls, SEL, NSString* format, ...)
     return predicate;
 }
 
+// Of the file asked for last; only the main thread reads interface files.
+BOOL keptFormat(id cls, SEL selector, NSData* file)
+{
+    static NSData* known = nil;
+    static BOOL isNew = NO;
+    if (known == nil || ![known isEqualToData:file]) {
+        isNew = isNewFormatOfToolkit(cls, selector, file);
+        [known release];
+        known = [file copy];
+    }
+    return isNew;
+}
+
 } // namespace
 
 void readInterfaceFilesQuickly()
@@ -79,6 +95,8 @@ void readInterfaceFilesQuickly()
     method_setImplementation(
         class_getClassMethod([NSPredicate class], @selector(predicateWithFormat:)),
         reinterpret_cast<IMP>(&keptPredicate));
+    replaceOwnMethod(object_getClass([GSXibKeyedUnarchiver class]), @selector(checkXib5:),
+                     &keptFormat, isNewFormatOfToolkit);
 }
 
 } // namespace dialog

@@ -1,6 +1,7 @@
 #include "dialog/toolkit/QuickInterface.h"
 
-#include <Foundation/Foundation.h>
+#include <AppKit/AppKit.h>
+#include <GNUstepGUI/GSXibKeyedUnarchiver.h>
 #include <gtest/gtest.h>
 
 #if defined(__has_feature)
@@ -29,6 +30,7 @@ extern "C" __attribute__((visibility("default"))) const char* __lsan_default_sup
 namespace {
 
 int timesOpened = 0; // the device of random bytes
+int timesRead = 0;   // a whole document
 
 class QuickInterface : public testing::Test
 {
@@ -47,6 +49,16 @@ class QuickInterface : public testing::Test
 std::string newName()
 {
     return [[[NSUUID UUID] UUIDString] UTF8String];
+}
+
+NSMutableData* file(std::string_view text)
+{
+    return [NSMutableData dataWithBytes:text.data() length:text.size()];
+}
+
+BOOL isNewFormat(NSData* data)
+{
+    return [GSXibKeyedUnarchiver checkXib5:data];
 }
 
 NSPredicate* isAction()
@@ -118,6 +130,32 @@ TEST_F(QuickInterface, ParsesATextThatMayChangeAnew)
     EXPECT_TRUE([after evaluateWithObject:@{@"kind" : @"outlet"}]);
 }
 
+TEST_F(QuickInterface, ReadsAFileForItsFormatOnce)
+{
+    timesRead = 0;
+    EXPECT_TRUE(isNewFormat(file("<document><objects/></document>")));
+    EXPECT_EQ(timesRead, 1);
+    EXPECT_TRUE(isNewFormat(file("<document><objects/></document>")));
+    EXPECT_EQ(timesRead, 1);
+}
+
+TEST_F(QuickInterface, TellsTheFormatsOfFilesThatTakeTurns)
+{
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_TRUE(isNewFormat(file("<document/>")));
+        EXPECT_FALSE(isNewFormat(file("<archive/>")));
+        EXPECT_FALSE(isNewFormat(file("<document>")));
+    }
+}
+
+TEST_F(QuickInterface, ReadsAFileAnewThatHasChanged)
+{
+    NSMutableData* const changing = file("<document/>");
+    EXPECT_TRUE(isNewFormat(changing));
+    [changing setData:file("<archive/>")];
+    EXPECT_FALSE(isNewFormat(changing));
+}
+
 } // namespace
 
 // In front of the C library's own, and counted.
@@ -131,6 +169,16 @@ extern "C" __attribute__((visibility("default"))) int open(const char* path, int
     const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(arguments, mode_t) : 0;
     va_end(arguments);
     return real(path, flags, mode);
+}
+
+// The same for whole documents.
+extern "C" __attribute__((visibility("default"))) void*
+xmlReadMemory(const char* text, int length, const char* place, const char* encoding, int options)
+{
+    static const auto real =
+        reinterpret_cast<decltype(&xmlReadMemory)>(dlsym(RTLD_NEXT, "xmlReadMemory"));
+    ++timesRead;
+    return real(text, length, place, encoding, options);
 }
 
 int main(int argc, char** argv)
