@@ -63,21 +63,27 @@ def escape(dialog):
 
 
 def picture(dialog):
-    """The pixels under the closed control where the list is, once they stay the same."""
+    """The pixels under the closed control, where the list is."""
     tape = dialog.wait("Tape")
     area = "{}x308+{}+{}".format(tape.width - 2, tape.x + 1, tape.y + tape.height + 1)
+    return subprocess.run(["import", "-window", "root", "-crop", area, "rgb:-"], check=True,
+                          capture_output=True).stdout
 
-    def pixels():
-        return subprocess.run(["import", "-window", "root", "-crop", area, "rgb:-"], check=True,
-                              capture_output=True).stdout
-    seen = [pixels()]
+
+def drawn(dialog):
+    """The picture once it stays the same."""
+    seen = [picture(dialog)]
 
     def stays():
         time.sleep(0.1)
-        seen.append(pixels())
+        seen.append(picture(dialog))
         return seen[-1] == seen[-2]
     wait_for(stays, "the list to be drawn")
     return seen[-1]
+
+
+def looks_like(dialog, expected, what):
+    wait_for(lambda: picture(dialog) == expected, what)
 
 
 @test
@@ -86,23 +92,23 @@ def opened_again_it_looks_as_if_it_had_not_been_open():
         ppd = many_tapes(folder)
         with dialog_with("--ppd", ppd, "--paper", "T200") as dialog:
             open_at(dialog, "200 mm tape")
-            expected = picture(dialog)
+            expected = drawn(dialog)
         with dialog_with("--ppd", ppd, "--paper", "T100") as dialog:
             # Fourteen rows' height with the chosen one in the middle: six and a half on each side.
             around = titles(93, 107), ["100 mm tape"]
             equal(open_at(dialog, "100 mm tape"), around, "rows at first")
-            first = picture(dialog)
+            first = drawn(dialog)
             check(first != expected, "two tapes look the same")
             xdotool("key", "Down")
             dialog.wait("item", "101 mm tape", on=True)
             escape(dialog)
             equal(open_at(dialog, "100 mm tape"), around, "rows after the next one was chosen")
-            check(picture(dialog) == first, "the next row is still drawn as the chosen one")
+            looks_like(dialog, first, "the next row no longer to be drawn as the chosen one")
             xdotool("key", "End")
             dialog.wait("item", "2999 mm tape", on=True)
             escape(dialog)
             equal(open_at(dialog, "100 mm tape"), around, "rows after the end was in sight")
-            check(picture(dialog) == first, "the list stands otherwise than before")
+            looks_like(dialog, first, "the list to stand where it stood")
             xdotool("key", "Home")
             item = dialog.wait("item", "0 mm tape", on=True)
             xdotool("mousemove", item.x + 30, item.y + 100)
@@ -112,14 +118,14 @@ def opened_again_it_looks_as_if_it_had_not_been_open():
             dialog.press(dialog.wait("Printer"))
             closed(dialog)
             equal(open_at(dialog, "100 mm tape"), around, "rows after the wheel was turned")
-            check(picture(dialog) == first, "the list is drawn otherwise than at first")
+            looks_like(dialog, first, "the list to look as at first")
             xdotool("type", "--delay", 40, "200")
             dialog.wait("item", "200 mm tape", on=True)
             xdotool("key", "Return")
             closed(dialog)
             equal(open_at(dialog, "200 mm tape"), (titles(193, 207), ["200 mm tape"]),
                   "rows after another was chosen")
-            check(picture(dialog) == expected, "the list is drawn otherwise than one opened there")
+            looks_like(dialog, expected, "the list to look like one that is opened there")
 
 
 @test
