@@ -1,22 +1,9 @@
 #include "dialog/toolkit/QuickInterface.h"
 
+#include "support/FoundationTest.h"
+
 #include <AppKit/AppKit.h>
 #include <GNUstepGUI/GSXibKeyedUnarchiver.h>
-#include <gtest/gtest.h>
-
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#include <sanitizer/lsan_interface.h>
-#define LOOKS_FOR_LEAKS 1
-
-// The toolkit's runtime keeps its class tables for the life of the process.
-extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions()
-{
-    return "leak:objc_malloc\n"
-           "leak:class_copyMethodList\n";
-}
-#endif
-#endif
 
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -183,9 +170,5 @@ xmlReadMemory(const char* text, int length, const char* place, const char* encod
 
 int main(int argc, char** argv)
 {
-    testing::InitGoogleTest(&argc, argv);
-#ifdef LOOKS_FOR_LEAKS
-    __lsan_disable(); // what the toolkit sets up for the life of the process
-#endif
-    return RUN_ALL_TESTS();
+    return runFoundationTests(argc, argv);
 }
